@@ -1,0 +1,29 @@
+// Builds failed results and gives the texts that the library's result codes share.
+#ifndef VELMORA_RUNE_SRC_RESULTS_H
+#define VELMORA_RUNE_SRC_RESULTS_H
+
+#include <velmora/utilities/Result.h>
+
+#include <sstream>
+
+namespace velmora {
+namespace rune {
+
+// "Success", "Unknown error", "Invalid Param", "Invalid Configuration" for 1000 to 1003.
+const char* resultCodeText(int code);
+
+// A result whose message is the pieces streamed one after the other.
+template <typename Trait, typename... Pieces>
+utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,
+                                            const Pieces&... pieces) {
+    utilities::result::Result<Trait> result(code);
+    std::ostringstream message;
+    (message << ... << pieces);
+    result.mMessage = message.str();
+    return result;
+}
+
+}  // namespace rune
+}  // namespace velmora
+
+#endif  // VELMORA_RUNE_SRC_RESULTS_H

@@ -1,0 +1,37 @@
+# Installs the build into a fresh prefix, then builds and runs a client against it twice: through
+# find_package(RuneCommon) and through pkg-config.
+set(prefix ${WORK_DIR}/prefix)
+file(REMOVE_RECURSE ${WORK_DIR})
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE out)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${ARGN} failed (${status}):\n${out}")
+  endif()
+  set(output "${out}" PARENT_SCOPE)
+endfunction()
+
+function(expect_client_output program)
+  run(${program})
+  if(NOT output STREQUAL "W/CLIENT Failed (Code 1): port 1\n")
+    message(FATAL_ERROR "unexpected output of ${program}:\n${output}")
+  endif()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+
+run(${CMAKE_COMMAND} -S ${CLIENT_DIR} -B ${WORK_DIR}/cmake-client -DCMAKE_PREFIX_PATH=${prefix}
+    -DCMAKE_CXX_COMPILER=${CXX})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/cmake-client)
+expect_client_output(${WORK_DIR}/cmake-client/client)
+
+file(GLOB_RECURSE pc_file ${prefix}/*/runecommon.pc)
+get_filename_component(pc_dir "${pc_file}" DIRECTORY)
+set(ENV{PKG_CONFIG_PATH} ${pc_dir})
+run(pkg-config --cflags --libs runecommon)
+separate_arguments(flags UNIX_COMMAND "${output}")
+file(MAKE_DIRECTORY ${WORK_DIR}/pkg-config-client)
+# pkg-config leaves the run path of the library to the client.
+run(${CXX} -std=c++17 ${CLIENT_DIR}/client.cpp -o ${WORK_DIR}/pkg-config-client/client ${flags}
+    -Wl,-rpath,${pc_dir}/..)
+expect_client_output(${WORK_DIR}/pkg-config-client/client)
