@@ -1,12 +1,95 @@
 #include <velmora/rune/CodecConfig.h>
 
+#include "Assert.h"
 #include "Results.h"
+
+#include <sstream>
 
 namespace velmora {
 namespace rune {
 
 const char* CodecConfig::ResultTrait::toText(ResultCode code) {
     return resultCodeText(code);
+}
+
+CodecConfig::CodecConfig(CodecId codecId, BandType bandType, int payloadType, unsigned packetTime,
+                         unsigned maxPacketTime)
+    : mCodecId(codecId),
+      mBandType(bandType),
+      mPayloadType(payloadType),
+      mPacketTime(packetTime),
+      mMaxPacketTime(maxPacketTime) {
+    VELMORA_PLATFORM_ASSERT(isCodecIdValid(mCodecId));
+    VELMORA_PLATFORM_ASSERT(isBandTypeValid(mBandType));
+}
+
+CodecConfig::CodecConfig(const CodecConfig& other) {
+    copyFrom(other);
+}
+
+CodecConfig& CodecConfig::operator=(const CodecConfig& other) {
+    copyFrom(other);
+    return *this;
+}
+
+CodecConfig::~CodecConfig() = default;
+
+void CodecConfig::copyFrom(const CodecConfig& other) {
+    mCodecId = other.mCodecId;
+    mBandType = other.mBandType;
+    mPayloadType = other.mPayloadType;
+    mPacketTime = other.mPacketTime;
+    mMaxPacketTime = other.mMaxPacketTime;
+}
+
+CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
+    if (!isBandTypeValid(bandType) || !isSupportedBandType(bandType)) {
+        return makeResult<ResultTrait>(InvalidParam,
+                                       "Bad band type: ", static_cast<int32_t>(bandType));
+    }
+    mBandType = bandType;
+    return Result::success();
+}
+
+CodecConfig::Result CodecConfig::check() const {
+    Result result = Result::success();
+    if (mPacketTime == 0) {
+        result &=
+            makeResult<ResultTrait>(InvalidConfiguration, "Packet time must be greater than 0");
+    }
+    if (mMaxPacketTime == 0) {
+        result &=
+            makeResult<ResultTrait>(InvalidConfiguration, "Max packet time must be greater than 0");
+    }
+    if (mPacketTime > mMaxPacketTime) {
+        result &= makeResult<ResultTrait>(InvalidConfiguration, "Packet time '", mPacketTime,
+                                          "' must be lesser or equal than max packet time '",
+                                          mMaxPacketTime, "'");
+    }
+    return result;
+}
+
+bool CodecConfig::operator==(const CodecConfig& other) const {
+    return mCodecId == other.mCodecId && mBandType == other.mBandType &&
+           mPayloadType == other.mPayloadType;
+}
+
+std::string CodecConfig::toString() const {
+    std::ostringstream text;
+    text << "    Codec: " << getCodecIdDescription(mCodecId) << " ("
+         << static_cast<int32_t>(mCodecId) << ")\n"
+         << "    BandType: " << getBandTypeDescription(mBandType) << " ("
+         << static_cast<int32_t>(mBandType) << ")\n"
+         << "    PayloadType: " << mPayloadType << "\n"
+         << "    PacketTime: " << mPacketTime << "\n"
+         << "    MaxPacketTime: " << mMaxPacketTime << "\n";
+    return text.str();
+}
+
+void CodecConfig::checkCodecId(CodecId candidateCodecId, CodecId requiredCodecId) {
+    VELMORA_ASSERT(candidateCodecId == requiredCodecId,
+                   "Expecting codec " << getCodecIdDescription(candidateCodecId) << " instead of "
+                                      << getCodecIdDescription(requiredCodecId));
 }
 
 }  // namespace rune

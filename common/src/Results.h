@@ -18,7 +18,7 @@ utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,
                                             const Pieces&... pieces) {
     utilities::result::Result<Trait> result(code);
     std::ostringstream message;
-    (message << ... << pieces);
+    static_cast<void>((message << ... << pieces));  // no pieces: an empty message
     result.mMessage = message.str();
     return result;
 }
