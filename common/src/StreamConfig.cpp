@@ -1,0 +1,201 @@
+#include <velmora/rune/StreamConfig.h>
+#include <velmora/rune/Utils.h>
+
+#include "Assert.h"
+#include "Results.h"
+
+#include <sstream>
+
+namespace velmora {
+namespace rune {
+
+const char* const StreamConfig::DEFAULT_REMOTE_IP = "127.0.0.1";
+const int StreamConfig::DEFAULT_REMOTE_RTP_PORT = 49150;
+const StreamConfig::Direction StreamConfig::DEFAULT_ACTIVE_DIRECTION =
+    StreamConfig::DirectionFullDuplex;
+const bool StreamConfig::DEFAULT_RTCP_ENABLED = true;
+const bool StreamConfig::DEFAULT_IS_HELD = false;
+const bool StreamConfig::DEFAULT_MUTED = false;
+const RtpProfile StreamConfig::DEFAULT_RTP_PROFILE = RtpProfileAvp;
+
+namespace {
+
+typedef StreamConfig::ResultTrait Trait;
+
+// Null for a value outside the enumeration.
+const char* directionText(StreamConfig::Direction direction) {
+    switch (direction) {
+        case StreamConfig::DirectionInactive:
+            return "Inactive";
+        case StreamConfig::DirectionSendOnly:
+            return "Send only";
+        case StreamConfig::DirectionReceiveOnly:
+            return "Receive only";
+        case StreamConfig::DirectionFullDuplex:
+            return "Full duplex";
+    }
+    return nullptr;
+}
+
+void writeCodecs(std::ostream& out, const char* heading,
+                 const StreamConfig::CodecConfigList& codecs) {
+    const unsigned int count = codecs.count();
+    for (unsigned int index = 0; index < count; ++index) {
+        const CodecConfig* codec = codecs.get(index);
+        if (codec == nullptr) {
+            break;
+        }
+        out << heading << index + 1 << "/" << count << "\n" << codec->toString();
+    }
+}
+
+}  // namespace
+
+const char* StreamConfig::ResultTrait::toText(ResultCode code) {
+    return resultCodeText(code);
+}
+
+StreamConfig::StreamConfig()
+    : mRemoteRtpPort(DEFAULT_REMOTE_RTP_PORT),
+      mRemoteIp(DEFAULT_REMOTE_IP),
+      mUplinkMuted(DEFAULT_MUTED),
+      mDirection(DEFAULT_ACTIVE_DIRECTION),
+      mRtcpEnabled(DEFAULT_RTCP_ENABLED),
+      mIsHeld(DEFAULT_IS_HELD),
+      mRtpProfile(DEFAULT_RTP_PROFILE) {}
+
+StreamConfig::StreamConfig(const StreamConfig& other) : StreamConfig() {
+    copyFrom(other);
+}
+
+StreamConfig& StreamConfig::operator=(const StreamConfig& other) {
+    copyFrom(other);
+    return *this;
+}
+
+StreamConfig::~StreamConfig() = default;
+
+void StreamConfig::copyFrom(const StreamConfig& other) {
+    mRemoteRtpPort = other.mRemoteRtpPort;
+    if (&other != this) {
+        mRemoteIp = other.mRemoteIp;
+    }
+    mUplinkMuted = other.mUplinkMuted;
+    mDirection = other.mDirection;
+    mRtcpEnabled = other.mRtcpEnabled;
+    mRtcpConfig = other.mRtcpConfig;
+    mIsHeld = other.mIsHeld;
+    mRtpProfile = other.mRtpProfile;
+    mPdpContext = other.mPdpContext;
+    // Each does nothing on a copy onto itself.
+    mUplinkCodecs.cloneContentFrom(other.mUplinkCodecs);
+    mDownlinkCodecs.cloneContentFrom(other.mDownlinkCodecs);
+}
+
+int StreamConfig::getRemoteRtcpPort() const {
+    const int port = mRemoteRtpPort + 1;
+    return Utils::isValidSocketPort(port) ? port : -1;
+}
+
+bool StreamConfig::hasUplink() const {
+    return mDirection == DirectionSendOnly || mDirection == DirectionFullDuplex;
+}
+
+bool StreamConfig::hasDownlink() const {
+    return mDirection == DirectionReceiveOnly || mDirection == DirectionFullDuplex;
+}
+
+bool StreamConfig::isDirectionValid(Direction direction) const {
+    return static_cast<uint32_t>(direction) < 4u;
+}
+
+StreamConfig::Result StreamConfig::setDirection(Direction direction) {
+    if (!isDirectionValid(direction)) {
+        return makeResult<Trait>(InvalidParam, "Invalid direction : ", direction);
+    }
+    mDirection = direction;
+    return Result::success();
+}
+
+StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
+    if (!Utils::isValidSocketPort(port)) {
+        return makeResult<Trait>(InvalidParam, "Invalid socket port: ", port);
+    }
+    mRemoteRtpPort = port;
+    return Result::success();
+}
+
+StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
+    if (!Utils::isValidIpAddress(address)) {
+        return makeResult<Trait>(InvalidParam, "Invalid internet address : ", address);
+    }
+    mRemoteIp = address;
+    return Result::success();
+}
+
+// The clone is not released when the list refuses it (see the header).
+StreamConfig::Result StreamConfig::addUplinkCodec(const CodecConfig& codec) {
+    return mUplinkCodecs.add(codec.clone());
+}
+
+StreamConfig::Result StreamConfig::addDownlinkCodec(const CodecConfig& codec) {
+    return mDownlinkCodecs.add(codec.clone());
+}
+
+StreamConfig::Result StreamConfig::check() const {
+    if (hasUplink() && mUplinkCodecs.count() == 0) {
+        return makeResult<Trait>(InvalidConfiguration,
+                                 "Uplink is active and no uplink codec supplied");
+    }
+    if (hasDownlink() && mDownlinkCodecs.count() == 0) {
+        return makeResult<Trait>(InvalidConfiguration,
+                                 "Downlink is active and no downlink codec supplied");
+    }
+    Result uplink = checkCodecs(mUplinkCodecs);
+    if (uplink.isFailure()) {
+        return uplink;
+    }
+    return checkCodecs(mDownlinkCodecs);
+}
+
+StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& codecs) {
+    for (unsigned int index = 0; index < codecs.count(); ++index) {
+        const CodecConfig* config = codecs.get(index);
+        VELMORA_ASSERT(config != NULL, "Codec is null");  // NOLINT(modernize-use-nullptr)
+        const CodecConfig::Result codecResult = config->check();
+        if (codecResult.isFailure()) {
+            // The codec's own text, whole, says what is wrong with it.
+            Result result = makeResult<Trait>(InvalidConfiguration);
+            result.mContext = codecResult.format();
+            return result;
+        }
+    }
+    return Result::success();
+}
+
+std::string StreamConfig::toString() const {
+    std::ostringstream out;
+    out << "  Remote: " << mRemoteIp << ":" << mRemoteRtpPort << "\n";
+    out << "  Mute: " << mUplinkMuted << "\n";
+    out << "  Direction : ";
+    if (const char* text = directionText(mDirection)) {
+        out << text;
+    } else {
+        out << "Unknown direction (" << mDirection << ")";
+    }
+    out << " (" << mDirection << ")\n";
+    out << "  RtcpEnabled: " << mRtcpEnabled << "\n";
+    out << "  RtcpConfig: AS=" << mRtcpConfig.getAs() << " RS=" << mRtcpConfig.getRs()
+        << " RR=" << mRtcpConfig.getRr() << " interval=" << mRtcpConfig.getInterval()
+        << "  ReducedSizeMode=" << mRtcpConfig.isReducedSizeMode() << "\n";
+    out << "  IsHeld: " << mIsHeld << "\n";
+    out << "  RtpProfile: " << mRtpProfile << "\n";
+    out << "  PdpContext: primaryCID=" << mPdpContext.primaryCID
+        << " secondaryCID=" << mPdpContext.secondaryCID << "\n";
+    writeCodecs(out, "  Uplink codec ", mUplinkCodecs);
+    writeCodecs(out, "  Downlink codec ", mDownlinkCodecs);
+    return out.str();
+}
+
+}  // namespace rune
+}  // namespace velmora
