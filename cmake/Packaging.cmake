@@ -1,13 +1,16 @@
-# Installs the library, its headers, the CMake package RuneCommon and the pkg-config module.
+# Installs the libraries, their headers, the rune-sdp tool, the CMake package RuneCommon and the
+# pkg-config modules.
 include(CMakePackageConfigHelpers)
 
 set(RUNE_CMAKE_INSTALL_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/RuneCommon)
 
-install(TARGETS runecommon EXPORT RuneCommonTargets
+install(TARGETS runecommon runesdp EXPORT RuneCommonTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY utilities/include/ common/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY utilities/include/ common/include/ sdp/include/
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS rune-sdp RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(EXPORT RuneCommonTargets NAMESPACE RuneCommon:: DESTINATION ${RUNE_CMAKE_INSTALL_DIR})
 
 configure_package_config_file(cmake/RuneCommonConfig.cmake.in
@@ -31,5 +34,6 @@ endif()
 # Relocatable: the prefix is found from where the .pc file lies.
 file(RELATIVE_PATH RUNE_PC_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 configure_file(cmake/runecommon.pc.in ${CMAKE_CURRENT_BINARY_DIR}/runecommon.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/runecommon.pc
+configure_file(cmake/runesdp.pc.in ${CMAKE_CURRENT_BINARY_DIR}/runesdp.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/runecommon.pc ${CMAKE_CURRENT_BINARY_DIR}/runesdp.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

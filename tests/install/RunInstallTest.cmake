@@ -1,5 +1,5 @@
 # Installs the build into a fresh prefix, then builds and runs a client against it twice: through
-# find_package(RuneCommon) and through pkg-config.
+# find_package(RuneCommon) and through pkg-config. The installed rune-sdp runs from the prefix.
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR})
 
@@ -13,7 +13,8 @@ endfunction()
 
 function(expect_client_output program)
   run(${program})
-  if(NOT output STREQUAL "W/CLIENT Failed (Code 1): port 1\n")
+  if(NOT output STREQUAL
+     "W/CLIENT Failed (Code 1): port 1; Success m=audio 49152 RTP/AVP 97\n")
     message(FATAL_ERROR "unexpected output of ${program}:\n${output}")
   endif()
 endfunction()
@@ -28,10 +29,15 @@ expect_client_output(${WORK_DIR}/cmake-client/client)
 file(GLOB_RECURSE pc_file ${prefix}/*/runecommon.pc)
 get_filename_component(pc_dir "${pc_file}" DIRECTORY)
 set(ENV{PKG_CONFIG_PATH} ${pc_dir})
-run(pkg-config --cflags --libs runecommon)
+run(pkg-config --cflags --libs runesdp)
 separate_arguments(flags UNIX_COMMAND "${output}")
 file(MAKE_DIRECTORY ${WORK_DIR}/pkg-config-client)
 # pkg-config leaves the run path of the library to the client.
 run(${CXX} -std=c++17 ${CLIENT_DIR}/client.cpp -o ${WORK_DIR}/pkg-config-client/client ${flags}
     -Wl,-rpath,${pc_dir}/..)
 expect_client_output(${WORK_DIR}/pkg-config-client/client)
+
+run(${prefix}/bin/rune-sdp describe ${SAMPLE})
+if(NOT output MATCHES "\nSuccess\n$")
+  message(FATAL_ERROR "unexpected output of the installed rune-sdp:\n${output}")
+endif()

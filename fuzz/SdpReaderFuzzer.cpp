@@ -1,0 +1,99 @@
+// Reads its input as a remote session description. Whatever the bytes, reading either refuses
+// with a line-naming result or gives a stream; a stream with codecs is written back out as this
+// side's media description, and the other party reads it to the same codecs, AS, reduced size
+// and profile, with the direction mirrored.
+#include <velmora/rune/StreamConfig.h>
+#include <velmora/rune/sdp/Sdp.h>
+
+#include <sanitizer/common_interface_defs.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using velmora::rune::CodecConfig;
+using velmora::rune::StreamConfig;
+namespace sdp = velmora::rune::sdp;
+
+// Reported through the sanitizer's report channel, which survives -close_fd_mask.
+[[noreturn]] void fail(const char* file, int line, const char* condition) {
+    std::ostringstream text;
+    text << "SdpReaderFuzzer: " << file << ":" << line << ": " << condition << " does not hold";
+    __sanitizer_report_error_summary(text.str().c_str());
+    std::abort();
+}
+
+#define REQUIRE(condition)                        \
+    do {                                          \
+        if (!(condition)) {                       \
+            fail(__FILE__, __LINE__, #condition); \
+        }                                         \
+    } while (false)
+
+const char* const kSession = "v=0\r\no=- 0 0 IN IP4 192.0.2.1\r\ns=-\r\nt=0 0\r\n";
+
+// The codecs a media description lists: the downlink ones, else the uplink ones.
+std::vector<const CodecConfig*> listedCodecs(const StreamConfig& stream) {
+    std::vector<const CodecConfig*> codecs;
+    const bool downlink = stream.getDownlinkCodecCount() > 0;
+    const unsigned int count =
+        downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount();
+    for (unsigned int i = 0; i < count; ++i) {
+        codecs.push_back(downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i));
+    }
+    return codecs;
+}
+
+StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
+    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
+           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
+                                                             : direction;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string description(reinterpret_cast<const char*>(data), size);
+    StreamConfig stream;
+    std::vector<sdp::SkippedFormat> skipped;
+    const sdp::Result read = sdp::readRemoteDescription(description, stream, skipped);
+    if (read.isFailure()) {
+        // Only these two have no line to name.
+        REQUIRE(!read.mContext.empty() || read.mMessage == "No audio stream" ||
+                read.mMessage == "Description must start with v=0");
+        return 0;
+    }
+    // A stream that reads may still fail its check; both must be safe to ask for.
+    const StreamConfig::Result checked = stream.check();
+    REQUIRE(!checked.format().empty() && !stream.toString().empty());
+
+    const std::vector<const CodecConfig*> codecs = listedCodecs(stream);
+    if (codecs.empty()) {
+        // An m= line without formats is not a description; nothing to read back.
+        return 0;
+    }
+    const std::string media =
+        sdp::writeMediaDescription(stream, stream.getRemoteIp(), stream.getRemoteRtpPort());
+    StreamConfig again;
+    std::vector<sdp::SkippedFormat> skippedAgain;
+    REQUIRE(sdp::readRemoteDescription(kSession + media, again, skippedAgain).isSuccess());
+    REQUIRE(skippedAgain.empty());
+
+    const std::vector<const CodecConfig*> codecsAgain = listedCodecs(again);
+    REQUIRE(codecsAgain.size() == codecs.size());
+    for (size_t i = 0; i < codecs.size(); ++i) {
+        REQUIRE(codecsAgain[i]->toString() == codecs[i]->toString());
+    }
+    REQUIRE(again.getDirection() == mirrored(stream.getDirection()));
+    REQUIRE(again.getRemoteIp() == stream.getRemoteIp());
+    REQUIRE(again.getRemoteRtpPort() == stream.getRemoteRtpPort());
+    REQUIRE(again.getRtpProfile() == stream.getRtpProfile());
+    REQUIRE(again.getRtcpConfig().getAs() == stream.getRtcpConfig().getAs());
+    REQUIRE(again.getRtcpConfig().isReducedSizeMode() ==
+            stream.getRtcpConfig().isReducedSizeMode());
+    return 0;
+}

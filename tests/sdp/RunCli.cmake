@@ -1,0 +1,26 @@
+# Runs rune-sdp once and compares its exit status and its whole standard output and standard
+# error with EXPECTED.out and EXPECTED.err (an absent file stands for no output).
+string(REPLACE "|" ";" arguments "${ARGUMENTS}")
+set(input)
+if(INPUT)
+  set(input INPUT_FILE ${INPUT})
+endif()
+execute_process(COMMAND ${EMULATOR} ${TOOL} ${arguments} ${input}
+  RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
+
+set(failures)
+if(NOT status STREQUAL EXPECTED_STATUS)
+  string(APPEND failures "exit status ${status}, expected ${EXPECTED_STATUS}\n")
+endif()
+foreach(stream out err)
+  set(expected "")
+  if(EXISTS ${EXPECTED}.${stream})
+    file(READ ${EXPECTED}.${stream} expected)
+  endif()
+  if(NOT ${stream} STREQUAL expected)
+    string(APPEND failures "std${stream}:\n[${${stream}}]\nexpected:\n[${expected}]\n")
+  endif()
+endforeach()
+if(failures)
+  message(FATAL_ERROR "rune-sdp ${arguments}:\n${failures}")
+endif()
