@@ -1,7 +1,12 @@
 // Reads its input as a remote session description. Whatever the bytes, reading either refuses
 // with a line-naming result or gives a stream; a stream with codecs is written back out as this
 // side's media description, and the other party reads it to the same codecs, AS, reduced size
-// and profile, with the direction mirrored.
+// and profile, with the direction mirrored. The input is also answered as an offer with the
+// local capabilities of rune-sdp answer; an answer reads back to the negotiated codecs, but for
+// the mode changes, with the direction mirrored.
+#include <velmora/rune/Amr.h>
+#include <velmora/rune/Dtmf.h>
+#include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
 
@@ -9,13 +14,20 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 
+using velmora::rune::AmrCodecCapabilities;
+using velmora::rune::AmrCodecConfig;
+using velmora::rune::AmrRate;
+using velmora::rune::BandType;
 using velmora::rune::CodecConfig;
+using velmora::rune::DtmfCodecCapabilities;
+using velmora::rune::StreamCapabilities;
 using velmora::rune::StreamConfig;
 namespace sdp = velmora::rune::sdp;
 
@@ -54,10 +66,66 @@ StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
                                                              : direction;
 }
 
+// Those of rune-sdp answer: AMR-WB and AMR supporting every mode, telephone-event for both
+// bands, RTP/AVP and RTP/AVPF, the default RTCP values.
+StreamCapabilities localCapabilities() {
+    StreamCapabilities local;
+    for (BandType band : {velmora::rune::BandTypeWb, velmora::rune::BandTypeNb}) {
+        AmrCodecCapabilities amr;
+        amr.setBandType(band);
+        for (int mode = 0; mode <= (band == velmora::rune::BandTypeNb ? 7 : 8); ++mode) {
+            (void)amr.addSupportedAmrRate(static_cast<AmrRate>(mode));
+        }
+        local.addCodecCapabilities(amr);
+    }
+    DtmfCodecCapabilities events;
+    local.addCodecCapabilities(events);
+    events.setBandType(velmora::rune::BandTypeNb);
+    local.addCodecCapabilities(events);
+    local.addRtpProfile(velmora::rune::RtpProfileAvp);
+    local.addRtpProfile(velmora::rune::RtpProfileAvpf);
+    return local;
+}
+
+void answer(const std::string& offer) {
+    static const StreamCapabilities local = localCapabilities();
+    StreamConfig negotiated;
+    std::string media;
+    const sdp::Result answered =
+        sdp::answerOffer(offer, local, "192.0.2.1", 49150, negotiated, media);
+    if (answered.isFailure()) {
+        REQUIRE(!answered.mContext.empty() || answered.mMessage == "No audio stream" ||
+                answered.mMessage == "Description must start with v=0");
+        return;
+    }
+    // check() changes nothing, so asking twice gives the same.
+    REQUIRE(negotiated.check().format() == negotiated.check().format());
+
+    StreamConfig read;
+    std::vector<sdp::SkippedFormat> skipped;
+    REQUIRE(sdp::readRemoteDescription(kSession + media, read, skipped).isSuccess());
+    REQUIRE(skipped.empty());
+    const std::vector<const CodecConfig*> codecs = listedCodecs(negotiated);
+    const std::vector<const CodecConfig*> codecsRead = listedCodecs(read);
+    REQUIRE(!codecs.empty() && codecsRead.size() == codecs.size());
+    for (size_t i = 0; i < codecs.size(); ++i) {
+        // The answer carries this side's mode changes, the negotiated codec the offer's.
+        const std::unique_ptr<CodecConfig> codecRead(codecsRead[i]->clone());
+        const auto* amr = dynamic_cast<const AmrCodecConfig*>(codecs[i]);
+        if (auto* amrRead = dynamic_cast<AmrCodecConfig*>(codecRead.get()); amr && amrRead) {
+            amrRead->setModeChangePeriod(amr->getModeChangePeriod());
+            amrRead->setModeChangeNeighbor(amr->isModeChangeNeighborEnabled());
+        }
+        REQUIRE(codecRead->toString() == codecs[i]->toString());
+    }
+    REQUIRE(read.getDirection() == mirrored(negotiated.getDirection()));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string description(reinterpret_cast<const char*>(data), size);
+    answer(description);
     StreamConfig stream;
     std::vector<sdp::SkippedFormat> skipped;
     const sdp::Result read = sdp::readRemoteDescription(description, stream, skipped);

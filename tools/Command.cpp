@@ -9,6 +9,7 @@ namespace tools {
 const std::vector<Command>& commands() {
     static const std::vector<Command> table = {
         {"describe", "[FILE|-]", describe},
+        {"answer", "[--address A] [--port P] [FILE|-]", answer},
     };
     return table;
 }

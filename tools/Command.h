@@ -31,6 +31,7 @@ int usageError(const std::string& message);
 bool readInput(const std::string& path, std::string& text);
 
 int describe(const std::vector<std::string>& arguments);
+int answer(const std::vector<std::string>& arguments);
 
 }  // namespace tools
 }  // namespace rune

@@ -19,7 +19,7 @@ bool readInput(const std::string& path, std::string& text) {
         while ((size = std::fread(buffer, 1, sizeof buffer, file)) > 0) {
             text.append(buffer, size);
         }
-        if (std::ferror(file)) {
+        if (std::ferror(file) != 0) {
             error = errno;
         }
         if (!standardInput) {

@@ -27,7 +27,6 @@ RtcpConfig rtcpConfig(const RemoteMedia& remote) {
     return rtcp;
 }
 
-// Into each active direction; an inactive stream keeps its codecs on the downlink.
 void addCodec(CodecConfig& codec, const RemoteMedia& remote, StreamConfig& stream) {
     if (remote.packetTime) {
         codec.setPacketTime(*remote.packetTime);
@@ -35,13 +34,7 @@ void addCodec(CodecConfig& codec, const RemoteMedia& remote, StreamConfig& strea
     if (remote.maxPacketTime) {
         codec.setMaxPacketTime(*remote.maxPacketTime);
     }
-    // The reader refused repeated payload types, so the lists accept every codec.
-    if (stream.hasUplink()) {
-        (void)stream.addUplinkCodec(codec);
-    }
-    if (stream.hasDownlink() || !stream.hasUplink()) {
-        (void)stream.addDownlinkCodec(codec);
-    }
+    placeCodec(codec, stream);
 }
 
 }  // namespace

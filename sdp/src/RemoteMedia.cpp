@@ -287,6 +287,16 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction) {
     }
 }
 
+void placeCodec(const CodecConfig& codec, StreamConfig& stream) {
+    // The reader refused repeated payload types, so the lists accept every codec.
+    if (stream.hasUplink()) {
+        (void)stream.addUplinkCodec(codec);
+    }
+    if (stream.hasDownlink() || !stream.hasUplink()) {
+        (void)stream.addDownlinkCodec(codec);
+    }
+}
+
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora

@@ -4,6 +4,7 @@
 #ifndef VELMORA_RUNE_SDP_SRC_REMOTE_MEDIA_H
 #define VELMORA_RUNE_SDP_SRC_REMOTE_MEDIA_H
 
+#include <velmora/rune/CodecConfig.h>
 #include <velmora/rune/CodecId.h>
 #include <velmora/rune/Rtp.h>
 #include <velmora/rune/StreamConfig.h>
@@ -61,6 +62,10 @@ StreamConfig::Result readRemoteMedia(const Description& description, StreamConfi
 
 // The direction of this side when the other side declares direction.
 StreamConfig::Direction mirror(StreamConfig::Direction direction);
+
+// Adds a copy of codec to each active direction of stream, and to the downlink when neither is
+// active (an inactive stream keeps its codecs). Its payload type must be new to stream.
+void placeCodec(const CodecConfig& codec, StreamConfig& stream);
 
 }  // namespace sdp
 }  // namespace rune

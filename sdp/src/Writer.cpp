@@ -3,6 +3,7 @@
 #include <velmora/rune/sdp/Sdp.h>
 
 #include "MediaWriter.h"
+#include "Writer.h"
 
 #include <sstream>
 
@@ -74,8 +75,8 @@ std::vector<const CodecConfig*> listedCodecs(const StreamConfig& stream) {
 
 }  // namespace
 
-std::string writeMediaDescription(const StreamConfig& stream, const std::string& localIp,
-                                  int localPort) {
+std::string writeMedia(const StreamConfig& stream, const std::string& localIp, int localPort,
+                       const AmrParametersText& parameters) {
     const std::vector<const CodecConfig*> codecs = listedCodecs(stream);
     const RtcpConfig& rtcp = stream.getRtcpConfig();
     const bool rtcpOn = stream.isRtcpEnabled();
@@ -88,7 +89,7 @@ std::string writeMediaDescription(const StreamConfig& stream, const std::string&
     for (const CodecConfig* codec : codecs) {
         writer.rtpmap(*codec);
         if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
-            writer.fmtp(codec->getPayloadType(), amrParameters(*amr));
+            writer.fmtp(codec->getPayloadType(), parameters(*amr));
         }
     }
     if (!codecs.empty()) {
@@ -100,6 +101,11 @@ std::string writeMediaDescription(const StreamConfig& stream, const std::string&
         writer.attribute("rtcp-rsize");
     }
     return writer.text();
+}
+
+std::string writeMediaDescription(const StreamConfig& stream, const std::string& localIp,
+                                  int localPort) {
+    return writeMedia(stream, localIp, localPort, amrParameters);
 }
 
 }  // namespace sdp

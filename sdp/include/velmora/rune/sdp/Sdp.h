@@ -1,5 +1,6 @@
 // Session descriptions (RFC 8866) in and out of the model: a remote description read into a
-// StreamConfig, and a StreamConfig written as the local media description.
+// StreamConfig, a StreamConfig written as the local media description, and an offer answered
+// from the local StreamCapabilities.
 //
 //   StreamConfig stream;
 //   std::vector<sdp::SkippedFormat> skipped;
@@ -7,10 +8,14 @@
 //   if (result.isSuccess()) result = stream.check();  // reading does not check
 //   std::string media = sdp::writeMediaDescription(stream, "192.0.2.10", 49152);
 //
+//   std::string answer;
+//   result = sdp::answerOffer(offerText, localCaps, "192.0.2.10", 49152, stream, answer);
+//
 // A refusal names the line it comes from in its context: "line 12: a=fmtp:97 mode-set=0,9".
 #ifndef VELMORA_RUNE_SDP_SDP_H
 #define VELMORA_RUNE_SDP_SDP_H
 
+#include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 
 #include <string>
@@ -50,6 +55,22 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
 // as RTP/AVP. A stream without codecs gives an m= line without formats, which no reader accepts.
 std::string writeMediaDescription(const StreamConfig& stream, const std::string& localIp,
                                   int localPort);
+
+// Answers an offer (RFC 3264; RFC 4867 section 8.3.1 for AMR) from the local capabilities. The
+// offer is read as readRemoteDescription reads it and refused the same way; then its profile
+// must be one local supports ("Unsupported profile"; an empty set supports RTP/AVP only) and one
+// of its AMR payload types acceptable to a local AmrCodecCapabilities of its band ("No common
+// codec"). The first acceptable one in the offer's order is kept, with the offered
+// telephone-event of its clock rate when local has DtmfCodecCapabilities of that band.
+//
+// On success, negotiated becomes the stream both sides agreed on (the offer's endpoint, the
+// direction mirrored, local RTCP values) and answer this side's media description, written as
+// writeMediaDescription writes it but with the AMR parameters the answer returns: octet-align,
+// crc, robust-sorting, interleaving and mode-set as offered. On a refusal both are left as they
+// were. negotiated is not checked: call negotiated.check() before using it.
+Result answerOffer(const std::string& offer, const StreamCapabilities& local,
+                   const std::string& localIp, int localPort, StreamConfig& negotiated,
+                   std::string& answer);
 
 }  // namespace sdp
 }  // namespace rune
