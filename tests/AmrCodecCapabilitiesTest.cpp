@@ -2,136 +2,101 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-using velmora::rune::AmrCodecCapabilities;
-using velmora::rune::AmrRate;
-using velmora::rune::BandTypeWb;
-using velmora::rune::CodecIdAmr;
-using velmora::rune::ModeChangeCapability;
-using velmora::rune::ModeChangeCapabilityAnyFrameOnly;
-using velmora::rune::ModeChangePeriod;
-using velmora::rune::ModeChangePeriodEveryOtherFrame;
+using namespace velmora::rune;
 
 namespace {
 
-std::vector<int> ratesOf(const AmrCodecCapabilities& capabilities) {
-    std::vector<int> rates;
-    for (unsigned i = 0; i < capabilities.getSupportedAmrRateCount(); ++i) {
-        rates.push_back(capabilities.getSupportedAmrRate(i));
-    }
-    return rates;
-}
+typedef std::function<void(AmrCodecCapabilities&)> Change;
 
-AmrCodecCapabilities makeSource() {
-    AmrCodecCapabilities source;
-    source.setPacketTime(40);
-    source.setCrcModeSupport(true);
-    source.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly);
-    source.addSupportedAmrRate(AmrRate(5));
-    return source;
+// One change per field, each away from the default value.
+const std::vector<Change> kChanges = {
+    [](AmrCodecCapabilities& c) { c.setBandType(BandTypeNb); },
+    [](AmrCodecCapabilities& c) { c.setPacketTime(40); },
+    [](AmrCodecCapabilities& c) { c.setMaxPacketTime(120); },
+    [](AmrCodecCapabilities& c) { c.setChannelCount(2); },
+    [](AmrCodecCapabilities& c) { c.setOctetAlignModeRequired(true); },
+    [](AmrCodecCapabilities& c) { c.setDTXModeSupport(false); },
+    [](AmrCodecCapabilities& c) { c.setRdcyModeSupport(false); },
+    [](AmrCodecCapabilities& c) { c.setMaxSupportedRdcy(100); },
+    [](AmrCodecCapabilities& c) { c.addSupportedAmrRate(AmrRate0); },
+    [](AmrCodecCapabilities& c) { c.setRateAdaptationModeSupport(true); },
+    [](AmrCodecCapabilities& c) { c.setModeChangePeriod(ModeChangePeriodEveryOtherFrame); },
+    [](AmrCodecCapabilities& c) { c.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly); },
+    [](AmrCodecCapabilities& c) { c.setModeChangeNeighborRequired(true); },
+    [](AmrCodecCapabilities& c) { c.setCrcModeSupport(true); },
+    [](AmrCodecCapabilities& c) { c.setRobustSortingModeSupport(true); },
+    [](AmrCodecCapabilities& c) { c.setInterleavingModeSupport(true); },
+};
+
+AmrCodecCapabilities withRates(const std::vector<AmrRate>& rates,
+                               const std::vector<Change>& changes = {}) {
+    AmrCodecCapabilities capabilities;
+    for (const AmrRate rate : rates) capabilities.addSupportedAmrRate(rate);
+    for (const Change& change : changes) change(capabilities);
+    return capabilities;
 }
 
 }  // namespace
 
-// Unlike a configuration, redundancy is offered by default, up to 220.
+// Unlike a configuration, redundancy is offered by default, up to 220. EqualityComparesEveryField
+// pins the other defaults: each change there is away from the default.
 TEST(AmrCodecCapabilitiesTest, Defaults) {
-    AmrCodecCapabilities capabilities;
-    EXPECT_EQ(CodecIdAmr, capabilities.getCodecId());
-    EXPECT_EQ(BandTypeWb, capabilities.getBandType());
-    EXPECT_EQ(20u, capabilities.getPacketTime());
-    EXPECT_EQ(240u, capabilities.getMaxPacketTime());
-    EXPECT_EQ(1u, capabilities.getChannelCount());
-    EXPECT_TRUE(capabilities.isDTXModeSupported());
-    EXPECT_FALSE(
-        capabilities.isOctetAlignModeRequired() || capabilities.isRateAdaptationModeSupported() ||
-        capabilities.isModeChangeNeighborRequired() || capabilities.isCrcModeSupported() ||
-        capabilities.isRobustSortingModeSupported() || capabilities.isInterleavingModeSupported());
-    EXPECT_EQ(0, capabilities.getModeChangePeriod());
-    EXPECT_EQ(1, capabilities.getModeChangeCapability());
-    EXPECT_EQ(0u, capabilities.getSupportedAmrRateCount());
-    EXPECT_TRUE(capabilities.isRdcyModeSupported());
-    EXPECT_EQ(220, capabilities.getMaxSupportedRdcy());
-    capabilities.setRdcyModeSupport(false);
-    EXPECT_EQ(-1, capabilities.getMaxSupportedRdcy());
-    capabilities.setRdcyModeSupport(true);
-    EXPECT_EQ(220, capabilities.getMaxSupportedRdcy());
+    AmrCodecCapabilities c;
+    EXPECT_EQ(CodecIdAmr, c.getCodecId());
+    EXPECT_EQ(BandTypeWb, c.getBandType());
+    EXPECT_EQ(std::vector<unsigned>({20, 240, 1, 0}),
+              std::vector<unsigned>({c.getPacketTime(), c.getMaxPacketTime(), c.getChannelCount(),
+                                     c.getSupportedAmrRateCount()}));
+    EXPECT_EQ(220, c.getMaxSupportedRdcy());
+    c.setRdcyModeSupport(false);
+    EXPECT_EQ(-1, c.getMaxSupportedRdcy());
 }
 
-TEST(AmrCodecCapabilitiesTest, RefusedModeChangeSettingsKeepTheirValue) {
-    AmrCodecCapabilities capabilities;
+TEST(AmrCodecCapabilitiesTest, RefusedSettingsKeepTheirValue) {
+    AmrCodecCapabilities c = withRates({AmrRate1, AmrRate1, AmrRate0, AmrRate8});
+    const std::string refused = "Invalid Param (Code 1002): Bad ";
     for (const int value : {2, -1}) {
-        EXPECT_EQ("Invalid Param (Code 1002): Bad mode change period: " + std::to_string(value),
-                  capabilities.setModeChangePeriod(static_cast<ModeChangePeriod>(value)).format());
-        EXPECT_EQ("Invalid Param (Code 1002): Bad mode change capability: " + std::to_string(value),
-                  capabilities.setModeChangeCapability(static_cast<ModeChangeCapability>(value))
-                      .format());
+        EXPECT_EQ(refused + "mode change period: " + std::to_string(value),
+                  c.setModeChangePeriod(static_cast<ModeChangePeriod>(value)).format());
+        EXPECT_EQ(refused + "mode change capability: " + std::to_string(value),
+                  c.setModeChangeCapability(static_cast<ModeChangeCapability>(value)).format());
     }
-    EXPECT_EQ(0, capabilities.getModeChangePeriod());
-    EXPECT_EQ(1, capabilities.getModeChangeCapability());
-    EXPECT_TRUE(capabilities.setModeChangePeriod(ModeChangePeriodEveryOtherFrame).isSuccess());
-    EXPECT_TRUE(capabilities.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly).isSuccess());
-    EXPECT_EQ(1, capabilities.getModeChangePeriod());
-    EXPECT_EQ(0, capabilities.getModeChangeCapability());
+    EXPECT_EQ(refused + "amr rate: 9", c.addSupportedAmrRate(static_cast<AmrRate>(9)).format());
+    EXPECT_TRUE(c == withRates({AmrRate1, AmrRate0, AmrRate8}));
+    EXPECT_EQ(AmrRate8, c.getSupportedAmrRate(2));
+    EXPECT_EQ(AmrRateNone, c.getSupportedAmrRate(3));
+    EXPECT_TRUE(c.setModeChangePeriod(ModeChangePeriodEveryOtherFrame).isSuccess());
+    EXPECT_TRUE(c.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly).isSuccess());
 }
 
-TEST(AmrCodecCapabilitiesTest, RateListHoldsEachValidRateOnce) {
-    AmrCodecCapabilities capabilities;
-    for (const int rate : {1, 1, 0, 8}) {
-        EXPECT_TRUE(capabilities.addSupportedAmrRate(static_cast<AmrRate>(rate)).isSuccess());
-    }
-    EXPECT_EQ("Invalid Param (Code 1002): Bad amr rate: 9",
-              capabilities.addSupportedAmrRate(static_cast<AmrRate>(9)).format());
-    EXPECT_EQ(std::vector<int>({1, 0, 8}), ratesOf(capabilities));
-    EXPECT_EQ(-1, capabilities.getSupportedAmrRate(3));
-    capabilities.clearSupportedAmrRateVector();
-    EXPECT_EQ(0u, capabilities.getSupportedAmrRateCount());
-}
-
-TEST(AmrCodecCapabilitiesTest, EqualityComparesEveryFieldAndRateOrder) {
-    std::vector<AmrCodecCapabilities> capabilities(16);
-    for (AmrCodecCapabilities& c : capabilities) {
-        c.addSupportedAmrRate(AmrRate(7));
-        c.addSupportedAmrRate(AmrRate(2));
-    }
-    capabilities[1].setChannelCount(2);
-    capabilities[2].setOctetAlignModeRequired(true);
-    capabilities[3].setDTXModeSupport(false);
-    capabilities[4].setRdcyModeSupport(false);
-    capabilities[5].setMaxSupportedRdcy(100);
-    capabilities[6].clearSupportedAmrRateVector();
-    capabilities[6].addSupportedAmrRate(AmrRate(2));
-    capabilities[6].addSupportedAmrRate(AmrRate(7));
-    capabilities[7].setRateAdaptationModeSupport(true);
-    capabilities[8].setModeChangePeriod(ModeChangePeriodEveryOtherFrame);
-    capabilities[9].setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly);
-    capabilities[10].setModeChangeNeighborRequired(true);
-    capabilities[11].setCrcModeSupport(true);
-    capabilities[12].setRobustSortingModeSupport(true);
-    capabilities[13].setInterleavingModeSupport(true);
-    // Both hide their maximum, but the stored values differ.
-    capabilities[14].setRdcyModeSupport(false);
-    capabilities[14].setMaxSupportedRdcy(100);
-    capabilities[15].addSupportedAmrRate(AmrRate(0));
-    for (size_t i = 0; i < capabilities.size(); ++i) {
-        for (size_t j = 0; j < capabilities.size(); ++j) {
-            EXPECT_EQ(i == j, capabilities[i] == capabilities[j]) << i << " " << j;
-            EXPECT_EQ(i != j, capabilities[i] != capabilities[j]) << i << " " << j;
-        }
-    }
+// Every field counts, the order of the rates too, and the stored maximum redundancy even while
+// redundancy is off.
+TEST(AmrCodecCapabilitiesTest, EqualityComparesEveryField) {
+    std::vector<AmrCodecCapabilities> capabilities = {withRates({AmrRate7, AmrRate2})};
+    for (const Change& change : kChanges)
+        capabilities.push_back(withRates({AmrRate7, AmrRate2}, {change}));
+    // No redundancy, with another maximum.
+    capabilities.push_back(withRates({AmrRate7, AmrRate2}, {kChanges[6], kChanges[7]}));
+    capabilities.push_back(withRates({AmrRate2, AmrRate7}));
+    for (size_t i = 0; i < capabilities.size(); ++i)
+        for (size_t j = 0; j < capabilities.size(); ++j)
+            EXPECT_TRUE((capabilities[i] == capabilities[j]) == (i == j) &&
+                        (capabilities[i] != capabilities[j]) == (i != j))
+                << i << " " << j;
 }
 
 TEST(AmrCodecCapabilitiesTest, CopiesCarryEveryField) {
-    AmrCodecCapabilities source = makeSource();
+    AmrCodecCapabilities source = withRates({AmrRate7, AmrRate2}, kChanges);
     const std::unique_ptr<AmrCodecCapabilities> clone(source.clone());
     AmrCodecCapabilities assigned;
     assigned = source;
     const AmrCodecCapabilities& self = source;
     source = self;
-    for (const AmrCodecCapabilities* copy : {clone.get(), &assigned, &source}) {
-        EXPECT_TRUE(*copy == makeSource());
-        EXPECT_EQ(std::vector<int>({5}), ratesOf(*copy));
-    }
+    for (const AmrCodecCapabilities* copy : {clone.get(), &assigned, &source})
+        EXPECT_TRUE(*copy == withRates({AmrRate7, AmrRate2}, kChanges));
 }

@@ -4,28 +4,21 @@
 
 #include <climits>
 #include <string>
+#include <tuple>
 
 using velmora::rune::Utils;
 
 TEST(UtilsTest, AcceptsUnprivilegedPortsOnly) {
-    const struct {
-        int port;
-        bool valid;
-    } cases[] = {
+    const std::tuple<int, bool> cases[] = {
         {INT_MIN, false}, {-1, false},   {0, false},     {1023, false},    {1024, true},
         {49150, true},    {65535, true}, {65536, false}, {INT_MAX, false},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.valid, Utils::isValidSocketPort(c.port)) << c.port;
-    }
+    for (const auto& [port, valid] : cases)
+        EXPECT_EQ(valid, Utils::isValidSocketPort(port)) << port;
 }
 
 TEST(UtilsTest, ClassifiesAddresses) {
-    const struct {
-        std::string address;
-        bool v4;
-        bool v6;
-    } cases[] = {
+    const std::tuple<std::string, bool, bool> cases[] = {
         {"127.0.0.1", true, false},
         {"192.0.2.7", true, false},
         {"::1", false, true},
@@ -35,11 +28,10 @@ TEST(UtilsTest, ClassifiesAddresses) {
         {"pbx.example.com", false, false},
         {"192.0.2.7:5060", false, false},
         {"999.1.1.1", false, false},
-        {std::string("127.0.0.1\0garbage", 17), true, false},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.v4, Utils::isValidIpV4(c.address)) << c.address;
-        EXPECT_EQ(c.v6, Utils::isValidIpV6(c.address)) << c.address;
-        EXPECT_EQ(c.v4 || c.v6, Utils::isValidIpAddress(c.address)) << c.address;
+        {std::string("127.0.0.1\0garbage", 17), true, false}};
+    for (const auto& [address, v4, v6] : cases) {
+        EXPECT_EQ(v4, Utils::isValidIpV4(address)) << address;
+        EXPECT_EQ(v6, Utils::isValidIpV6(address)) << address;
+        EXPECT_EQ(v4 || v6, Utils::isValidIpAddress(address)) << address;
     }
 }
