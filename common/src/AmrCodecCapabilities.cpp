@@ -71,7 +71,7 @@ bool AmrCodecCapabilities::operator==(const CodecCapabilities& other) const {
     if (!CodecCapabilities::operator==(other)) {
         return false;
     }
-    const AmrCodecCapabilities& amr = static_cast<const AmrCodecCapabilities&>(other);
+    const auto& amr = static_cast<const AmrCodecCapabilities&>(other);
     // The stored maximum, not getMaxSupportedRdcy(): it comes back when redundancy does.
     return mOctetAlignModeRequired == amr.mOctetAlignModeRequired &&
            mDtxModeSupport == amr.mDtxModeSupport && mRdcyModeSupport == amr.mRdcyModeSupport &&

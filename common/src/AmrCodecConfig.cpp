@@ -176,7 +176,7 @@ bool AmrCodecConfig::isSupportedBandType(BandType bandType) const {
 }
 
 AmrCodecConfig::Result AmrCodecConfig::check() const {
-    const Result base = CodecConfig::check();
+    Result base = CodecConfig::check();
     if (base.isFailure()) {
         return base;
     }
@@ -200,7 +200,7 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
     if (!CodecConfig::operator==(other)) {
         return false;
     }
-    const AmrCodecConfig& amr = static_cast<const AmrCodecConfig&>(other);
+    const auto& amr = static_cast<const AmrCodecConfig&>(other);
     const bool equal = mOctetAlignMode == amr.mOctetAlignMode && mDtxMode == amr.mDtxMode &&
                        mRdcyMode == amr.mRdcyMode && mMaxRdcy == amr.mMaxRdcy &&
                        mCrcMode == amr.mCrcMode && mRobustSortingMode == amr.mRobustSortingMode &&

@@ -64,6 +64,7 @@ void StreamConfig::CodecConfigList::cloneContentFrom(const CodecConfigList& othe
         return;
     }
     clear();
+    mCodecs.reserve(other.mCodecs.size());
     // The source holds the list's invariants already: no payload type checks here.
     for (const CodecConfig* otherCodec : other.mCodecs) {
         VELMORA_PLATFORM_ASSERT(otherCodec != NULL);  // NOLINT(modernize-use-nullptr)

@@ -28,7 +28,7 @@ const std::map<char, Dtmf::Key>& Dtmf::initDtmfCharMap() {
 }
 
 bool Dtmf::getDtmfKeyFromChar(char c, Key& key) {
-    const std::map<char, Key>::const_iterator it = _dtmfCharMap.find(c);
+    const auto it = _dtmfCharMap.find(c);
     if (it == _dtmfCharMap.end()) {
         return false;
     }

@@ -6,13 +6,10 @@ namespace rune {
 DtmfCodecCapabilities::DtmfCodecCapabilities()
     : CodecCapabilities(CodecIdDtmf, BandTypeWb, 20, 240, 1) {}
 
-DtmfCodecCapabilities::DtmfCodecCapabilities(const DtmfCodecCapabilities& other)
-    : CodecCapabilities(other) {}
+DtmfCodecCapabilities::DtmfCodecCapabilities(const DtmfCodecCapabilities& other) = default;
 
-DtmfCodecCapabilities& DtmfCodecCapabilities::operator=(const DtmfCodecCapabilities& other) {
-    CodecCapabilities::operator=(other);
-    return *this;
-}
+DtmfCodecCapabilities& DtmfCodecCapabilities::operator=(const DtmfCodecCapabilities& other) =
+    default;
 
 DtmfCodecCapabilities::~DtmfCodecCapabilities() = default;
 

@@ -12,7 +12,7 @@ DtmfCodecConfig::DtmfCodecConfig()
     : CodecConfig(CodecIdDtmf, DEFAULT_BAND_TYPE, DEFAULT_PAYLOAD_TYPE, DEFAULT_PACKET_TIME,
                   DEFAULT_MAX_PACKET_TIME) {}
 
-DtmfCodecConfig::DtmfCodecConfig(const DtmfCodecConfig& other) : CodecConfig(other) {}
+DtmfCodecConfig::DtmfCodecConfig(const DtmfCodecConfig& other) = default;
 
 DtmfCodecConfig& DtmfCodecConfig::operator=(const DtmfCodecConfig& other) {
     copyFrom(other);
