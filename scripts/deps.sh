@@ -3,7 +3,7 @@
 set -euo pipefail
 
 host_packages=(cmake ninja-build g++ pkg-config clang clang-format clang-tidy libclang-rt-dev
-  android-liblog-dev googletest libgtest-dev libbenchmark-dev valgrind abigail-tools)
+  android-liblog-dev googletest libgtest-dev libbenchmark-dev valgrind abigail-tools llvm)
 armhf_packages=(g++-arm-linux-gnueabihf qemu-user android-liblog-dev:armhf libgtest-dev:armhf)
 
 missing() {
