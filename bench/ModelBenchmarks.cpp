@@ -152,9 +152,8 @@ StreamConfig callStream() {
     return stream;
 }
 
-// The two codec clones and the AMR clone's rate vector per direction, and each list's buffer,
-// grown once for the second codec.
-constexpr double kStreamCopyBudget = 2 * (2 + 1 + 2);
+// The two codec clones, the AMR clone's rate vector and the list's buffer, per direction.
+constexpr double kStreamCopyBudget = 2 * (2 + 1 + 1);
 
 void BM_StreamCopy(benchmark::State& state) {
     const StreamConfig stream = callStream();
