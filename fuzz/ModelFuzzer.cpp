@@ -11,9 +11,10 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 
+#include "Require.h"
+
 #include <arpa/inet.h>
 #include <fuzzer/FuzzedDataProvider.h>
-#include <sanitizer/common_interface_defs.h>
 
 #include <algorithm>
 #include <array>
@@ -48,21 +49,6 @@ using velmora::rune::RtpProfile;
 using velmora::rune::StreamCapabilities;
 using velmora::rune::StreamConfig;
 using velmora::utilities::result::Result;
-
-// Reported through the sanitizer's report channel, which survives -close_fd_mask.
-[[noreturn]] void fail(const char* file, int line, const char* condition) {
-    std::ostringstream text;
-    text << "ModelFuzzer: " << file << ":" << line << ": " << condition << " does not hold";
-    __sanitizer_report_error_summary(text.str().c_str());
-    std::abort();
-}
-
-#define REQUIRE(condition)                        \
-    do {                                          \
-        if (!(condition)) {                       \
-            fail(__FILE__, __LINE__, #condition); \
-        }                                         \
-    } while (false)
 
 constexpr size_t kSlots = 2;
 constexpr size_t kMaxSteps = 128;

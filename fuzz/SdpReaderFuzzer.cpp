@@ -10,7 +10,7 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include <sanitizer/common_interface_defs.h>
+#include "Require.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -30,21 +30,6 @@ using velmora::rune::DtmfCodecCapabilities;
 using velmora::rune::StreamCapabilities;
 using velmora::rune::StreamConfig;
 namespace sdp = velmora::rune::sdp;
-
-// Reported through the sanitizer's report channel, which survives -close_fd_mask.
-[[noreturn]] void fail(const char* file, int line, const char* condition) {
-    std::ostringstream text;
-    text << "SdpReaderFuzzer: " << file << ":" << line << ": " << condition << " does not hold";
-    __sanitizer_report_error_summary(text.str().c_str());
-    std::abort();
-}
-
-#define REQUIRE(condition)                        \
-    do {                                          \
-        if (!(condition)) {                       \
-            fail(__FILE__, __LINE__, #condition); \
-        }                                         \
-    } while (false)
 
 const char* const kSession = "v=0\r\no=- 0 0 IN IP4 192.0.2.1\r\ns=-\r\nt=0 0\r\n";
 

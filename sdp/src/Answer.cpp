@@ -116,13 +116,9 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
                    const std::string& localIp, int localPort, StreamConfig& negotiated,
                    std::string& answer) {
     Description parsed;
-    Result result = Description::parse(offer, parsed);
-    if (result.isFailure()) {
-        return result;
-    }
     StreamConfig stream;
     RemoteMedia remote;
-    result = readRemoteMedia(parsed, stream, remote);
+    Result result = readRemoteMedia(offer, parsed, stream, remote);
     if (result.isFailure()) {
         return result;
     }

@@ -42,13 +42,9 @@ void addCodec(CodecConfig& codec, const RemoteMedia& remote, StreamConfig& strea
 Result readRemoteDescription(const std::string& description, StreamConfig& stream,
                              std::vector<SkippedFormat>& skipped) {
     Description parsed;
-    Result result = Description::parse(description, parsed);
-    if (result.isFailure()) {
-        return result;
-    }
     StreamConfig read;
     RemoteMedia remote;
-    result = readRemoteMedia(parsed, read, remote);
+    Result result = readRemoteMedia(description, parsed, read, remote);
     if (result.isFailure()) {
         return result;
     }

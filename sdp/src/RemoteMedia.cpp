@@ -276,6 +276,15 @@ StreamConfig::Result readRemoteMedia(const Description& description, StreamConfi
     return result;
 }
 
+StreamConfig::Result readRemoteMedia(const std::string& text, Description& parsed,
+                                     StreamConfig& endpoint, RemoteMedia& out) {
+    const StreamConfig::Result result = Description::parse(text, parsed);
+    if (result.isFailure()) {
+        return result;
+    }
+    return readRemoteMedia(parsed, endpoint, out);
+}
+
 StreamConfig::Direction mirror(StreamConfig::Direction direction) {
     switch (direction) {
         case StreamConfig::DirectionSendOnly:

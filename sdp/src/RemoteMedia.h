@@ -60,6 +60,11 @@ struct RemoteMedia {
 StreamConfig::Result readRemoteMedia(const Description& description, StreamConfig& endpoint,
                                      RemoteMedia& out);
 
+// Parses text into parsed, then reads its audio section as readRemoteMedia does; out points into
+// parsed.
+StreamConfig::Result readRemoteMedia(const std::string& text, Description& parsed,
+                                     StreamConfig& endpoint, RemoteMedia& out);
+
 // The direction of this side when the other side declares direction.
 StreamConfig::Direction mirror(StreamConfig::Direction direction);
 
