@@ -6,6 +6,9 @@
 
 #include <sstream>
 
+// Private to the library: not exported.
+#pragma GCC visibility push(hidden)
+
 namespace velmora {
 namespace rune {
 
@@ -25,5 +28,7 @@ utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SRC_RESULTS_H

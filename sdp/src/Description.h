@@ -12,6 +12,9 @@
 #include <string_view>
 #include <vector>
 
+// Private to the library: not exported.
+#pragma GCC visibility push(hidden)
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -59,5 +62,7 @@ class Description {
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_DESCRIPTION_H

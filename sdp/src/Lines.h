@@ -5,6 +5,9 @@
 #include <string_view>
 #include <vector>
 
+// Private to the library: not exported.
+#pragma GCC visibility push(hidden)
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -25,5 +28,7 @@ std::vector<Line> splitLines(std::string_view text);
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_LINES_H

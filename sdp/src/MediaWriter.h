@@ -10,6 +10,9 @@
 #include <string>
 #include <vector>
 
+// Private to the library: not exported.
+#pragma GCC visibility push(hidden)
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -39,5 +42,7 @@ class MediaWriter {
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_MEDIA_WRITER_H

@@ -17,6 +17,9 @@
 #include <string_view>
 #include <vector>
 
+// Private to the library: not exported.
+#pragma GCC visibility push(hidden)
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -75,5 +78,7 @@ void placeCodec(const CodecConfig& codec, StreamConfig& stream);
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_REMOTE_MEDIA_H

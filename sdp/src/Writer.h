@@ -9,6 +9,9 @@
 #include <functional>
 #include <string>
 
+// Private to the library: not exported.
+#pragma GCC visibility push(hidden)
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -23,5 +26,7 @@ std::string writeMedia(const StreamConfig& stream, const std::string& localIp, i
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_WRITER_H
