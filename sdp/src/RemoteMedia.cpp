@@ -278,7 +278,7 @@ StreamConfig::Result readRemoteMedia(const Description& description, StreamConfi
 
 StreamConfig::Result readRemoteMedia(const std::string& text, Description& parsed,
                                      StreamConfig& endpoint, RemoteMedia& out) {
-    const StreamConfig::Result result = Description::parse(text, parsed);
+    StreamConfig::Result result = Description::parse(text, parsed);
     if (result.isFailure()) {
         return result;
     }
