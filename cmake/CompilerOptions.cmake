@@ -15,9 +15,9 @@ if(RUNE_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# A shared library of the project: its sources are src/*.cpp, its public headers include/.
+# A shared library of the project: its sources are src/**/*.cpp, its public headers include/.
 function(rune_shared_library name)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/*.cpp)
   add_library(${name} SHARED ${sources})
   add_library(RuneCommon::${name} ALIAS ${name})
   set_target_properties(${name} PROPERTIES

@@ -1,6 +1,6 @@
 #include <velmora/rune/Amr.h>
 
-#include "Results.h"
+#include "internal/Results.h"
 
 #include <algorithm>
 

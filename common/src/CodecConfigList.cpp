@@ -1,7 +1,7 @@
 #include <velmora/rune/StreamConfig.h>
 
-#include "Assert.h"
-#include "Results.h"
+#include "internal/Log.h"
+#include "internal/Results.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include <velmora/rune/MonotonicClock.h>
 
-#include "Assert.h"
+#include "internal/Log.h"
 
 #include <velmora/utilities/Result.h>
 

@@ -1,6 +1,6 @@
 #include <velmora/rune/StreamCapabilities.h>
 
-#include "Assert.h"
+#include "internal/Log.h"
 
 namespace velmora {
 namespace rune {

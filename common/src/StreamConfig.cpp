@@ -1,8 +1,8 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/Utils.h>
 
-#include "Assert.h"
-#include "Results.h"
+#include "internal/Log.h"
+#include "internal/Results.h"
 
 #include <sstream>
 

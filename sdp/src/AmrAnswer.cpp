@@ -1,6 +1,6 @@
 #include "AmrAnswer.h"
 
-#include "Text.h"
+#include "syntax/SdpLine.h"
 
 #include <algorithm>
 #include <optional>

@@ -6,7 +6,7 @@
 
 #include <velmora/rune/Amr.h>
 
-#include "RemoteMedia.h"
+#include "AudioSection.h"
 
 #include <string>
 

@@ -4,7 +4,7 @@
 
 #include <velmora/rune/StreamConfig.h>
 
-#include "Lines.h"
+#include "syntax/SdpLine.h"
 
 #include <sstream>
 

@@ -2,8 +2,8 @@
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "MediaWriter.h"
-#include "Writer.h"
+#include "LineWriter.h"
+#include "WriteMedia.h"
 
 #include <sstream>
 

@@ -1,6 +1,6 @@
 // Builds failed results and gives the texts that the library's result codes share.
-#ifndef VELMORA_RUNE_SRC_RESULTS_H
-#define VELMORA_RUNE_SRC_RESULTS_H
+#ifndef VELMORA_RUNE_SRC_INTERNAL_RESULTS_H
+#define VELMORA_RUNE_SRC_INTERNAL_RESULTS_H
 
 #include <velmora/utilities/Result.h>
 
@@ -31,4 +31,4 @@ utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SRC_RESULTS_H
+#endif  // VELMORA_RUNE_SRC_INTERNAL_RESULTS_H

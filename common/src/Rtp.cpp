@@ -27,5 +27,8 @@ bool RtcpConfig::operator==(const RtcpConfig& other) const {
            mAs == other.mAs && mReducedSizeMode == other.mReducedSizeMode;
 }
 
+const char RtpProfileConverter::mAvp[4] = "AVP";
+const char RtpProfileConverter::mAvpf[5] = "AVPF";
+
 }  // namespace rune
 }  // namespace velmora

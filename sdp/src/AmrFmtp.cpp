@@ -1,7 +1,7 @@
-#include "AmrParameters.h"
+#include "AmrFmtp.h"
 
 #include "Refusal.h"
-#include "Text.h"
+#include "syntax/SdpLine.h"
 
 #include <limits>
 

@@ -1,12 +1,12 @@
 // A session description split into its session part and its media sections, with the syntax
 // of every line checked: x=value, and the forms of m=, c= and b=. The views point into the
 // text that was parsed, which must outlive the description.
-#ifndef VELMORA_RUNE_SDP_SRC_DESCRIPTION_H
-#define VELMORA_RUNE_SDP_SRC_DESCRIPTION_H
+#ifndef VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H
+#define VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H
 
 #include <velmora/rune/StreamConfig.h>
 
-#include "Lines.h"
+#include "syntax/SdpLine.h"
 
 #include <cstdint>
 #include <string_view>
@@ -65,4 +65,4 @@ class Description {
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SDP_SRC_DESCRIPTION_H
+#endif  // VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H

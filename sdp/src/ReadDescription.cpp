@@ -2,9 +2,9 @@
 #include <velmora/rune/Dtmf.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "AmrParameters.h"
-#include "Description.h"
-#include "RemoteMedia.h"
+#include "AmrFmtp.h"
+#include "AudioSection.h"
+#include "syntax/SessionDescription.h"
 
 namespace velmora {
 namespace rune {

@@ -1,7 +1,7 @@
-#include "RemoteMedia.h"
+#include "AudioSection.h"
 
 #include "Refusal.h"
-#include "Text.h"
+#include "syntax/SdpLine.h"
 
 #include <array>
 #include <limits>

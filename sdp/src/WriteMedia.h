@@ -1,7 +1,7 @@
 // Writing a media description, with the AMR parameters either as the stream holds them or as
 // the caller words them (an answer returns some of them as offered).
-#ifndef VELMORA_RUNE_SDP_SRC_WRITER_H
-#define VELMORA_RUNE_SDP_SRC_WRITER_H
+#ifndef VELMORA_RUNE_SDP_SRC_WRITE_MEDIA_H
+#define VELMORA_RUNE_SDP_SRC_WRITE_MEDIA_H
 
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/StreamConfig.h>
@@ -29,4 +29,4 @@ std::string writeMedia(const StreamConfig& stream, const std::string& localIp, i
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SDP_SRC_WRITER_H
+#endif  // VELMORA_RUNE_SDP_SRC_WRITE_MEDIA_H

@@ -1,12 +1,12 @@
 // The AMR payload format parameters of an a=fmtp line (RFC 4867 section 8.1) as the remote party
 // wrote them, and the AmrCodecConfig they describe.
-#ifndef VELMORA_RUNE_SDP_SRC_AMR_PARAMETERS_H
-#define VELMORA_RUNE_SDP_SRC_AMR_PARAMETERS_H
+#ifndef VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
+#define VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
 
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/StreamConfig.h>
 
-#include "Lines.h"
+#include "syntax/SdpLine.h"
 
 #include <cstdint>
 #include <optional>
@@ -58,4 +58,4 @@ AmrCodecConfig makeAmrCodecConfig(const AmrParameters& parameters, BandType band
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SDP_SRC_AMR_PARAMETERS_H
+#endif  // VELMORA_RUNE_SDP_SRC_AMR_FMTP_H

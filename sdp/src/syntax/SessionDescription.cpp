@@ -1,7 +1,7 @@
-#include "Description.h"
+#include "syntax/SessionDescription.h"
 
 #include "Refusal.h"
-#include "Text.h"
+#include "syntax/SdpLine.h"
 
 #include <limits>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "MediaWriter.h"
+#include "LineWriter.h"
 
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/Dtmf.h>

@@ -1,6 +1,6 @@
 // The library's logger and its two assertion forms.
-#ifndef VELMORA_RUNE_SRC_ASSERT_H
-#define VELMORA_RUNE_SRC_ASSERT_H
+#ifndef VELMORA_RUNE_SRC_INTERNAL_LOG_H
+#define VELMORA_RUNE_SRC_INTERNAL_LOG_H
 
 #include <velmora/utilities/Log.h>
 
@@ -45,4 +45,4 @@ typedef Log::Stream<utilities::details::Level::Warning> WarningStream;
         }                                                       \
     } while (false)
 
-#endif  // VELMORA_RUNE_SRC_ASSERT_H
+#endif  // VELMORA_RUNE_SRC_INTERNAL_LOG_H

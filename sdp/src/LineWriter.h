@@ -1,6 +1,6 @@
 // Writes the lines of a media description, each ended by CRLF, in the order they are asked for.
-#ifndef VELMORA_RUNE_SDP_SRC_MEDIA_WRITER_H
-#define VELMORA_RUNE_SDP_SRC_MEDIA_WRITER_H
+#ifndef VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
+#define VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
 
 #include <velmora/rune/CodecConfig.h>
 #include <velmora/rune/Rtp.h>
@@ -45,4 +45,4 @@ class MediaWriter {
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SDP_SRC_MEDIA_WRITER_H
+#endif  // VELMORA_RUNE_SDP_SRC_LINE_WRITER_H

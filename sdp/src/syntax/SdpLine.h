@@ -1,6 +1,7 @@
-// Small text helpers of the reader: blanks, fields, decimal numbers and names without case.
-#ifndef VELMORA_RUNE_SDP_SRC_TEXT_H
-#define VELMORA_RUNE_SDP_SRC_TEXT_H
+// A line of a description, numbered from 1 as an editor shows them, and the small text helpers
+// that read its pieces: blanks, fields, decimal numbers and names without case.
+#ifndef VELMORA_RUNE_SDP_SRC_SYNTAX_SDP_LINE_H
+#define VELMORA_RUNE_SDP_SRC_SYNTAX_SDP_LINE_H
 
 #include <cstdint>
 #include <string_view>
@@ -12,6 +13,19 @@
 namespace velmora {
 namespace rune {
 namespace sdp {
+
+struct Line {
+    unsigned number;
+    // Without its LF or CRLF; a view into the description's text.
+    std::string_view text;
+
+    // For lines of the form x=value only.
+    char type() const { return text[0]; }
+    std::string_view value() const { return text.substr(2); }
+};
+
+// Lines end in LF or CRLF; the text after the last line end, when there is any, is a line too.
+std::vector<Line> splitLines(std::string_view text);
 
 // Space or horizontal tab.
 bool isBlank(char c);
@@ -34,4 +48,4 @@ bool equalsIgnoreCase(std::string_view a, std::string_view b);
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SDP_SRC_TEXT_H
+#endif  // VELMORA_RUNE_SDP_SRC_SYNTAX_SDP_LINE_H

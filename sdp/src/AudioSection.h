@@ -1,16 +1,16 @@
 // The audio section of a remote description as its sender wrote it: endpoint, profile,
 // direction, RTCP bandwidths, packet times and formats, each AMR format with its fmtp
 // parameters. Reading a description and answering an offer both start from it.
-#ifndef VELMORA_RUNE_SDP_SRC_REMOTE_MEDIA_H
-#define VELMORA_RUNE_SDP_SRC_REMOTE_MEDIA_H
+#ifndef VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H
+#define VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H
 
 #include <velmora/rune/CodecConfig.h>
 #include <velmora/rune/CodecId.h>
 #include <velmora/rune/Rtp.h>
 #include <velmora/rune/StreamConfig.h>
 
-#include "AmrParameters.h"
-#include "Description.h"
+#include "AmrFmtp.h"
+#include "syntax/SessionDescription.h"
 
 #include <cstdint>
 #include <optional>
@@ -81,4 +81,4 @@ void placeCodec(const CodecConfig& codec, StreamConfig& stream);
 
 #pragma GCC visibility pop
 
-#endif  // VELMORA_RUNE_SDP_SRC_REMOTE_MEDIA_H
+#endif  // VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H

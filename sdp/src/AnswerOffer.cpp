@@ -4,10 +4,10 @@
 #include <velmora/rune/sdp/Sdp.h>
 
 #include "AmrAnswer.h"
-#include "Description.h"
+#include "AudioSection.h"
 #include "Refusal.h"
-#include "RemoteMedia.h"
-#include "Writer.h"
+#include "WriteMedia.h"
+#include "syntax/SessionDescription.h"
 
 #include <algorithm>
 #include <set>
