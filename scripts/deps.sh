@@ -2,8 +2,11 @@
 # Installs the Debian packages the build and the tests need; skips what is there.
 set -euo pipefail
 
+# libgstreamer-plugins-base1.0-dev: GStreamer's SDP parser, which the tests use as an independent
+# reader of what the library writes; the libraries never link it.
 host_packages=(cmake ninja-build g++ pkg-config clang clang-format clang-tidy libclang-rt-dev
-  android-liblog-dev googletest libgtest-dev libbenchmark-dev valgrind abigail-tools llvm)
+  android-liblog-dev googletest libgtest-dev libbenchmark-dev valgrind abigail-tools llvm
+  libgstreamer-plugins-base1.0-dev)
 armhf_packages=(g++-arm-linux-gnueabihf qemu-user android-liblog-dev:armhf libgtest-dev:armhf)
 
 missing() {
