@@ -107,8 +107,8 @@ int answer(const std::vector<std::string>& arguments) {
     }
     StreamConfig negotiated;
     std::string media;
-    const sdp::Result result =
-        sdp::answerOffer(text, defaultCapabilities(), address, port, negotiated, media);
+    const sdp::Result result = sdp::answerOffer(text, defaultCapabilities(), address, port,
+                                                sdp::Origin(), negotiated, media);
     if (result.isFailure()) {
         std::cout << result.format() << "\n";
         return 1;
