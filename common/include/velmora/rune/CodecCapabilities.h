@@ -7,12 +7,14 @@
 #include <velmora/rune/CodecId.h>
 #include <velmora/utilities/Result.h>
 
+#include <cstdint>
+
 namespace velmora {
 namespace rune {
 
 class CodecCapabilities {
   public:
-    enum ResultCode {
+    enum ResultCode : int32_t {
         Success = 1000,
         UnknownError = 1001,
         InvalidParam = 1002,

@@ -11,6 +11,7 @@
 #include <velmora/rune/CodecId.h>
 #include <velmora/utilities/Result.h>
 
+#include <cstdint>
 #include <string>
 
 namespace velmora {
@@ -18,7 +19,7 @@ namespace rune {
 
 class CodecConfig {
   public:
-    enum ResultCode {
+    enum ResultCode : int32_t {
         Success = 1000,
         UnknownError = 1001,
         InvalidParam = 1002,

@@ -21,7 +21,7 @@ namespace rune {
 
 class StreamConfig {
   public:
-    enum ResultCode {
+    enum ResultCode : int32_t {
         Success = 1000,
         UnknownError = 1001,
         InvalidParam = 1002,

@@ -11,6 +11,7 @@
 #ifndef VELMORA_UTILITIES_RESULT_H
 #define VELMORA_UTILITIES_RESULT_H
 
+#include <cstdint>
 #include <cstring>
 #include <sstream>
 #include <string>
@@ -62,7 +63,9 @@ class Result {
         }
         std::string text = Trait::toText(mCode);
         text += " (Code ";
-        text += std::to_string(static_cast<long long>(mCode));
+        // Codes are signed 32-bit numbers; an enumeration without a fixed underlying type would
+        // print -7 as 4294967289.
+        text += std::to_string(static_cast<std::int32_t>(mCode));
         text += ")";
         std::string detail = mMessage;
         if (!mContext.empty()) {
