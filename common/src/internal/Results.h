@@ -6,9 +6,6 @@
 
 #include <sstream>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 
@@ -28,7 +25,5 @@ utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,
 
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SRC_INTERNAL_RESULTS_H

@@ -9,6 +9,9 @@
 
 #include <cstdint>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -69,5 +72,7 @@ class CodecCapabilities {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_CODEC_CAPABILITIES_H

@@ -14,6 +14,9 @@
 #include <cstdint>
 #include <string>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -81,5 +84,7 @@ class CodecConfig {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_CODEC_CONFIG_H

@@ -16,6 +16,9 @@
 #include <string>
 #include <vector>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -152,5 +155,7 @@ class StreamConfig {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_STREAM_CONFIG_H

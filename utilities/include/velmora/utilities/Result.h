@@ -16,6 +16,9 @@
 #include <sstream>
 #include <string>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace utilities {
 namespace result {
@@ -97,5 +100,7 @@ struct ErrnoTrait {
 }  // namespace result
 }  // namespace utilities
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_UTILITIES_RESULT_H

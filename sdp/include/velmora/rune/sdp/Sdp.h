@@ -25,6 +25,9 @@
 #include <string>
 #include <vector>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -101,5 +104,7 @@ Result acceptAnswer(const std::string& offer, const std::string& answer, StreamC
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SDP_H
