@@ -1,16 +1,18 @@
-// Builds failed results and gives the texts that the library's result codes share.
+// Builds failed results and gives the texts that the library's result codes share. runesdp
+// builds its results here too (a private include); the texts are runecommon's own, not exported.
 #ifndef VELMORA_RUNE_SRC_INTERNAL_RESULTS_H
 #define VELMORA_RUNE_SRC_INTERNAL_RESULTS_H
 
 #include <velmora/utilities/Result.h>
 
+#include <cstdint>
 #include <sstream>
 
 namespace velmora {
 namespace rune {
 
 // "Success", "Unknown error", "Invalid Param", "Invalid Configuration" for 1000 to 1003.
-const char* resultCodeText(int code);
+const char* resultCodeText(int32_t code);
 
 // A result whose message is the pieces streamed one after the other.
 template <typename Trait, typename... Pieces>
