@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <string>
+#include <type_traits>
 #include <typeinfo>
 
 namespace velmora {
@@ -51,7 +52,10 @@ void appendCodecText(std::string& text, const CodecConfig& codec) {
     const std::type_info& type = typeid(codec);
     if (type == typeid(AmrCodecConfig)) {
         appendAmrCodecConfigText(text, static_cast<const AmrCodecConfig&>(codec));
-    } else if (type == typeid(DtmfCodecConfig)) {  // prints the base's lines only
+    } else if (type == typeid(DtmfCodecConfig)) {
+        static_assert(std::is_same_v<decltype(&DtmfCodecConfig::toString),
+                                     std::string (CodecConfig::*)() const>,
+                      "DTMF prints the base's lines only");
         appendCodecConfigText(text, codec);
     } else {
         text += codec.toString();
