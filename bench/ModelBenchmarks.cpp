@@ -209,6 +209,9 @@ void BM_PreferedAmrRateNarrowBand(benchmark::State& state) {
 }
 BENCHMARK(BM_PreferedAmrRateNarrowBand);
 
+// A dump is written into one reserved string, the codecs' lines included.
+constexpr double kTextBudget = 1;
+
 void BM_AmrToString(benchmark::State& state) {
     const AmrCodecConfig amr = amrCodec(AmrCodecConfig::DEFAULT_PAYLOAD_TYPE);
     const AllocationScope scope;
@@ -216,9 +219,20 @@ void BM_AmrToString(benchmark::State& state) {
         std::string text = amr.toString();
         benchmark::DoNotOptimize(text);
     }
-    scope.report(state, kNoBudget);
+    scope.report(state, kTextBudget);
 }
 BENCHMARK(BM_AmrToString);
+
+void BM_StreamToString(benchmark::State& state) {
+    const StreamConfig stream = callStream();
+    const AllocationScope scope;
+    for (auto _ : state) {
+        std::string text = stream.toString();
+        benchmark::DoNotOptimize(text);
+    }
+    scope.report(state, kTextBudget);
+}
+BENCHMARK(BM_StreamToString);
 
 void BM_AddEightCodecs(benchmark::State& state) {
     std::vector<std::unique_ptr<CodecConfig>> codecs;

@@ -16,6 +16,9 @@ if(RUNE_FUZZ)
 endif()
 
 # A shared library of the project: its sources are src/**/*.cpp, its public headers include/.
+# Everything is hidden unless a public header says otherwise (each wraps its declarations in
+# "#pragma GCC visibility push(default)"), so a private header needs no mark of its own; the
+# export map then keeps the standard library's instances out (cmake/exports.map).
 function(rune_shared_library name)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/*.cpp)
   add_library(${name} SHARED ${sources})
@@ -24,6 +27,7 @@ function(rune_shared_library name)
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}
     EXPORT_NAME ${name}
+    CXX_VISIBILITY_PRESET hidden
     LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
   target_include_directories(${name}
     PUBLIC

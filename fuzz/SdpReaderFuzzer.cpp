@@ -77,7 +77,7 @@ void answer(const std::string& offer) {
     StreamConfig negotiated;
     std::string media;
     const sdp::Result answered =
-        sdp::answerOffer(offer, local, "192.0.2.1", 49150, negotiated, media);
+        sdp::answerOffer(offer, local, "192.0.2.1", 49150, sdp::Origin(), negotiated, media);
     if (answered.isFailure()) {
         REQUIRE(!answered.mContext.empty() || answered.mMessage == "No audio stream" ||
                 answered.mMessage == "Description must start with v=0");

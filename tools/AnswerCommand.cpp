@@ -7,6 +7,7 @@
 #include <velmora/rune/sdp/Sdp.h>
 
 #include "Command.h"
+#include "DefaultCapabilities.h"
 
 #include <algorithm>
 #include <iostream>
@@ -22,30 +23,6 @@ namespace {
 const char* const kDefaultAddress = "127.0.0.1";
 const int kDefaultPort = 49150;
 const int kMaxPort = 65535;
-
-AmrCodecCapabilities amrCapabilities(BandType band) {
-    AmrCodecCapabilities amr;
-    amr.setBandType(band);
-    for (int mode = 0; mode <= (band == BandTypeNb ? 7 : 8); ++mode) {
-        (void)amr.addSupportedAmrRate(static_cast<AmrRate>(mode));
-    }
-    return amr;
-}
-
-// AMR-WB before AMR, each supporting every mode; telephone-event for both bands; RTP/AVP and
-// RTP/AVPF; the default RTCP values.
-StreamCapabilities defaultCapabilities() {
-    StreamCapabilities local;
-    local.addCodecCapabilities(amrCapabilities(BandTypeWb));
-    local.addCodecCapabilities(amrCapabilities(BandTypeNb));
-    DtmfCodecCapabilities events;
-    local.addCodecCapabilities(events);
-    events.setBandType(BandTypeNb);
-    local.addCodecCapabilities(events);
-    local.addRtpProfile(RtpProfileAvp);
-    local.addRtpProfile(RtpProfileAvpf);
-    return local;
-}
 
 // Decimal digits only, 1 to 65535.
 bool parsePort(const std::string& text, int& port) {
@@ -107,8 +84,8 @@ int answer(const std::vector<std::string>& arguments) {
     }
     StreamConfig negotiated;
     std::string media;
-    const sdp::Result result =
-        sdp::answerOffer(text, defaultCapabilities(), address, port, negotiated, media);
+    const sdp::Result result = sdp::answerOffer(text, defaultCapabilities(), address, port,
+                                                sdp::Origin(), negotiated, media);
     if (result.isFailure()) {
         std::cout << result.format() << "\n";
         return 1;

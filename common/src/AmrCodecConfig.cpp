@@ -2,10 +2,10 @@
 
 #include "internal/Log.h"
 #include "internal/Results.h"
+#include "internal/Text.h"
 
 #include <algorithm>
 #include <array>
-#include <sstream>
 
 namespace velmora {
 namespace rune {
@@ -213,24 +213,30 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
 }
 
 std::string AmrCodecConfig::toString() const {
-    std::ostringstream text;
-    text << CodecConfig::toString();
-    text << "    OctetAlignEnabled: " << mOctetAlignMode << "\n";
-    text << "    DtxModeEnabled: " << mDtxMode << "\n";
-    text << "    RdcyEnabled: " << mRdcyMode << "\n";
-    text << "    MaxRdcy: " << mMaxRdcy << "\n";
-    text << "    RateCount: " << getAmrRateCount() << "\n";
-    text << "    Rates: ";
-    for (AmrRate rate : mAmrRates) {
-        text << rate << " ";
+    std::string text;
+    text.reserve(kAmrCodecConfigTextSize);
+    appendAmrCodecConfigText(text, *this);
+    return text;
+}
+
+void appendAmrCodecConfigText(std::string& text, const AmrCodecConfig& amr) {
+    appendCodecConfigText(text, amr);
+    appendLine(text, "    OctetAlignEnabled: ", amr.isOctetAlignModeEnabled());
+    appendLine(text, "    DtxModeEnabled: ", amr.isDTXModeEnabled());
+    appendLine(text, "    RdcyEnabled: ", amr.isRdcyModeEnabled());
+    appendLine(text, "    MaxRdcy: ", amr.getMaxRdcy());
+    appendLine(text, "    RateCount: ", amr.getAmrRateCount());
+    appendLiteral(text, "    Rates: ");
+    for (AmrRate rate : amr.getSupportedAmrRates()) {
+        appendNumber(text, rate);
+        text += ' ';
     }
-    text << "\n";
-    text << "    CrcEnabled: " << mCrcMode << "\n";
-    text << "    RobustSortingEnabled: " << mRobustSortingMode << "\n";
-    text << "    InterleavingEnabled: " << mInterleavingMode << "\n";
-    text << "    ModeChangeNeighborEnabled: " << mModeChangeNeighbor << "\n";
-    text << "    ModeChangePeriod: " << mModeChangePeriod << "\n";
-    return text.str();
+    text += '\n';
+    appendLine(text, "    CrcEnabled: ", amr.isCrcModeEnabled());
+    appendLine(text, "    RobustSortingEnabled: ", amr.isRobustSortingModeEnabled());
+    appendLine(text, "    InterleavingEnabled: ", amr.isInterleavingModeEnabled());
+    appendLine(text, "    ModeChangeNeighborEnabled: ", amr.isModeChangeNeighborEnabled());
+    appendLine(text, "    ModeChangePeriod: ", amr.getModeChangePeriod());
 }
 
 AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {

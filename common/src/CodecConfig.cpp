@@ -2,8 +2,7 @@
 
 #include "internal/Log.h"
 #include "internal/Results.h"
-
-#include <sstream>
+#include "internal/Text.h"
 
 namespace velmora {
 namespace rune {
@@ -75,15 +74,25 @@ bool CodecConfig::operator==(const CodecConfig& other) const {
 }
 
 std::string CodecConfig::toString() const {
-    std::ostringstream text;
-    text << "    Codec: " << getCodecIdDescription(mCodecId) << " ("
-         << static_cast<int32_t>(mCodecId) << ")\n"
-         << "    BandType: " << getBandTypeDescription(mBandType) << " ("
-         << static_cast<int32_t>(mBandType) << ")\n"
-         << "    PayloadType: " << mPayloadType << "\n"
-         << "    PacketTime: " << mPacketTime << "\n"
-         << "    MaxPacketTime: " << mMaxPacketTime << "\n";
-    return text.str();
+    std::string text;
+    text.reserve(kCodecConfigTextSize);
+    appendCodecConfigText(text, *this);
+    return text;
+}
+
+void appendCodecConfigText(std::string& text, const CodecConfig& codec) {
+    appendLiteral(text, "    Codec: ");
+    text += getCodecIdDescription(codec.getCodecId());
+    appendLiteral(text, " (");
+    appendNumber(text, codec.getCodecId());
+    appendLiteral(text, ")\n    BandType: ");
+    text += getBandTypeDescription(codec.getBandType());
+    appendLiteral(text, " (");
+    appendNumber(text, codec.getBandType());
+    appendLiteral(text, ")\n");
+    appendLine(text, "    PayloadType: ", codec.getPayloadType());
+    appendLine(text, "    PacketTime: ", codec.getPacketTime());
+    appendLine(text, "    MaxPacketTime: ", codec.getMaxPacketTime());
 }
 
 void CodecConfig::checkCodecId(CodecId candidateCodecId, CodecId requiredCodecId) {

@@ -3,8 +3,6 @@
 #include "internal/Log.h"
 #include "internal/Results.h"
 
-#include <algorithm>
-
 namespace velmora {
 namespace rune {
 
@@ -43,10 +41,6 @@ StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
                 StreamConfig::InvalidParam, "A codec with the same payload type ",
                 codec->getPayloadType(), " is already present");
         }
-    }
-    // Unreachable after the walk; a second guard against owning one pointer twice.
-    if (std::find(mCodecs.begin(), mCodecs.end(), codec) != mCodecs.end()) {
-        return refused("Already present");
     }
     mCodecs.push_back(codec);
     return Result::success();

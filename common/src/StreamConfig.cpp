@@ -1,10 +1,16 @@
+#include <velmora/rune/Amr.h>
+#include <velmora/rune/Dtmf.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/Utils.h>
 
 #include "internal/Log.h"
 #include "internal/Results.h"
+#include "internal/Text.h"
 
-#include <sstream>
+#include <cstddef>
+#include <string>
+#include <type_traits>
+#include <typeinfo>
 
 namespace velmora {
 namespace rune {
@@ -22,6 +28,10 @@ namespace {
 
 typedef StreamConfig::ResultTrait Trait;
 
+// Room for the stream's own lines, and for each codec with its counter line.
+constexpr std::size_t kStreamTextSize = 256;
+constexpr std::size_t kCodecTextSize = kAmrCodecConfigTextSize + 32;
+
 // Null for a value outside the enumeration.
 const char* directionText(StreamConfig::Direction direction) {
     switch (direction) {
@@ -37,15 +47,36 @@ const char* directionText(StreamConfig::Direction direction) {
     return nullptr;
 }
 
-void writeCodecs(std::ostream& out, const char* heading,
-                 const StreamConfig::CodecConfigList& codecs) {
+// The library's own codecs write into the stream's text; any other codec prints itself.
+void appendCodecText(std::string& text, const CodecConfig& codec) {
+    const std::type_info& type = typeid(codec);
+    if (type == typeid(AmrCodecConfig)) {
+        appendAmrCodecConfigText(text, static_cast<const AmrCodecConfig&>(codec));
+    } else if (type == typeid(DtmfCodecConfig)) {
+        static_assert(std::is_same_v<decltype(&DtmfCodecConfig::toString),
+                                     std::string (CodecConfig::*)() const>,
+                      "DTMF prints the base's lines only");
+        appendCodecConfigText(text, codec);
+    } else {
+        text += codec.toString();
+    }
+}
+
+template <std::size_t Size>
+void appendCodecs(std::string& text, const char (&heading)[Size],
+                  const StreamConfig::CodecConfigList& codecs) {
     const unsigned int count = codecs.count();
     for (unsigned int index = 0; index < count; ++index) {
         const CodecConfig* codec = codecs.get(index);
         if (codec == nullptr) {
             break;
         }
-        out << heading << index + 1 << "/" << count << "\n" << codec->toString();
+        appendLiteral(text, heading);
+        appendNumber(text, index + 1);
+        text += '/';
+        appendNumber(text, count);
+        text += '\n';
+        appendCodecText(text, *codec);
     }
 }
 
@@ -174,27 +205,44 @@ StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& codecs) {
 }
 
 std::string StreamConfig::toString() const {
-    std::ostringstream out;
-    out << "  Remote: " << mRemoteIp << ":" << mRemoteRtpPort << "\n";
-    out << "  Mute: " << mUplinkMuted << "\n";
-    out << "  Direction : ";
-    if (const char* text = directionText(mDirection)) {
-        out << text;
+    std::string text;
+    text.reserve(kStreamTextSize +
+                 kCodecTextSize * (mUplinkCodecs.count() + mDownlinkCodecs.count()));
+    appendLiteral(text, "  Remote: ");
+    text += mRemoteIp;
+    text += ':';
+    appendNumber(text, mRemoteRtpPort);
+    text += '\n';
+    appendLine(text, "  Mute: ", mUplinkMuted);
+    appendLiteral(text, "  Direction : ");
+    if (const char* name = directionText(mDirection)) {
+        text += name;
     } else {
-        out << "Unknown direction (" << mDirection << ")";
+        appendLiteral(text, "Unknown direction (");
+        appendNumber(text, mDirection);
+        text += ')';
     }
-    out << " (" << mDirection << ")\n";
-    out << "  RtcpEnabled: " << mRtcpEnabled << "\n";
-    out << "  RtcpConfig: AS=" << mRtcpConfig.getAs() << " RS=" << mRtcpConfig.getRs()
-        << " RR=" << mRtcpConfig.getRr() << " interval=" << mRtcpConfig.getInterval()
-        << "  ReducedSizeMode=" << mRtcpConfig.isReducedSizeMode() << "\n";
-    out << "  IsHeld: " << mIsHeld << "\n";
-    out << "  RtpProfile: " << mRtpProfile << "\n";
-    out << "  PdpContext: primaryCID=" << mPdpContext.primaryCID
-        << " secondaryCID=" << mPdpContext.secondaryCID << "\n";
-    writeCodecs(out, "  Uplink codec ", mUplinkCodecs);
-    writeCodecs(out, "  Downlink codec ", mDownlinkCodecs);
-    return out.str();
+    appendLiteral(text, " (");
+    appendNumber(text, mDirection);
+    appendLiteral(text, ")\n");
+    appendLine(text, "  RtcpEnabled: ", mRtcpEnabled);
+    appendLiteral(text, "  RtcpConfig: AS=");
+    appendNumber(text, mRtcpConfig.getAs());
+    appendLiteral(text, " RS=");
+    appendNumber(text, mRtcpConfig.getRs());
+    appendLiteral(text, " RR=");
+    appendNumber(text, mRtcpConfig.getRr());
+    appendLiteral(text, " interval=");
+    appendNumber(text, mRtcpConfig.getInterval());
+    appendLine(text, "  ReducedSizeMode=", mRtcpConfig.isReducedSizeMode());
+    appendLine(text, "  IsHeld: ", mIsHeld);
+    appendLine(text, "  RtpProfile: ", mRtpProfile);
+    appendLiteral(text, "  PdpContext: primaryCID=");
+    appendNumber(text, mPdpContext.primaryCID);
+    appendLine(text, " secondaryCID=", mPdpContext.secondaryCID);
+    appendCodecs(text, "  Uplink codec ", mUplinkCodecs);
+    appendCodecs(text, "  Downlink codec ", mDownlinkCodecs);
+    return text;
 }
 
 }  // namespace rune

@@ -10,9 +10,6 @@
 
 #include <string>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -35,7 +32,5 @@ AmrCodecConfig negotiateAmr(const AmrCodecCapabilities& local, const RemoteForma
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H

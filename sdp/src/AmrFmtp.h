@@ -14,9 +14,6 @@
 #include <utility>
 #include <vector>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -55,7 +52,5 @@ AmrCodecConfig makeAmrCodecConfig(const AmrParameters& parameters, BandType band
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_AMR_FMTP_H

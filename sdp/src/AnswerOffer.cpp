@@ -113,8 +113,8 @@ void addCodecs(const RemoteMedia& remote, const Choice& choice, StreamConfig& st
 }  // namespace
 
 Result answerOffer(const std::string& offer, const StreamCapabilities& local,
-                   const std::string& localIp, int localPort, StreamConfig& negotiated,
-                   std::string& answer) {
+                   const std::string& localIp, int localPort, const Origin& /*origin*/,
+                   StreamConfig& negotiated, std::string& answer) {
     Description parsed;
     StreamConfig stream;
     RemoteMedia remote;

@@ -17,9 +17,6 @@
 #include <string_view>
 #include <vector>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -78,7 +75,5 @@ void placeCodec(const CodecConfig& codec, StreamConfig& stream);
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H

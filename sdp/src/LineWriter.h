@@ -10,9 +10,6 @@
 #include <string>
 #include <vector>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -42,7 +39,5 @@ class MediaWriter {
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_LINE_WRITER_H

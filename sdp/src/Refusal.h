@@ -8,9 +8,6 @@
 
 #include <sstream>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -45,7 +42,5 @@ StreamConfig::Result atLine(const Line& line, const CodecConfig::Result& result)
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_REFUSAL_H

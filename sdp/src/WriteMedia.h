@@ -9,9 +9,6 @@
 #include <functional>
 #include <string>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -26,7 +23,5 @@ std::string writeMedia(const StreamConfig& stream, const std::string& localIp, i
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_WRITE_MEDIA_H

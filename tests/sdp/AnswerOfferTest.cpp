@@ -163,9 +163,9 @@ TEST(SdpAnswerTest, AnswersOffers) {
         SCOPED_TRACE(row.offer);
         StreamConfig negotiated;
         std::string answer;
-        EXPECT_EQ(row.result,
-                  sdp::answerOffer(row.offer, row.local(), "192.0.2.10", 49152, negotiated, answer)
-                      .format());
+        EXPECT_EQ(row.result, sdp::answerOffer(row.offer, row.local(), "192.0.2.10", 49152,
+                                               sdp::Origin(), negotiated, answer)
+                                  .format());
         EXPECT_EQ(row.answer, answer);
         EXPECT_EQ(row.negotiated().toString(), negotiated.toString());
     }

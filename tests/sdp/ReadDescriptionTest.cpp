@@ -153,7 +153,7 @@ TEST(SdpReaderTest, RefusesWithTheLine) {
         EXPECT_EQ(row.expected,
                   sdp::readRemoteDescription(row.description, stream, skipped).format());
         EXPECT_EQ(row.expected, sdp::answerOffer(row.description, StreamCapabilities(),
-                                                 "192.0.2.10", 49152, stream, answer)
+                                                 "192.0.2.10", 49152, sdp::Origin(), stream, answer)
                                     .format());
         EXPECT_EQ(before.toString(), stream.toString());
         EXPECT_EQ((std::vector<sdp::SkippedFormat>{{1, "left over"}}), skipped);

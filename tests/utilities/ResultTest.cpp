@@ -38,6 +38,7 @@ TEST(ResultTest, FormatsCodeMessageAndContext) {
         {make(1003, "bad", "rtcp"), "Invalid Configuration (Code 1003): bad {rtcp}"},
         {make(999), "Invalid error (Unreachable) (Code 999)"},
         {make(1004, "x"), "Invalid error (Unreachable) (Code 1004): x"},
+        {make(-7), "Invalid error (Unreachable) (Code -7)"},
     };
     for (const auto& [result, expected] : cases) {
         EXPECT_EQ(expected, result.format());

@@ -3,7 +3,7 @@
 namespace velmora {
 namespace rune {
 
-const char* resultCodeText(int code) {
+const char* resultCodeText(int32_t code) {
     switch (code) {
         case 1000:
             return "Success";

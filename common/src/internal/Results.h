@@ -1,19 +1,18 @@
-// Builds failed results and gives the texts that the library's result codes share.
+// Builds failed results and gives the texts that the library's result codes share. runesdp
+// builds its results here too (a private include); the texts are runecommon's own, not exported.
 #ifndef VELMORA_RUNE_SRC_INTERNAL_RESULTS_H
 #define VELMORA_RUNE_SRC_INTERNAL_RESULTS_H
 
 #include <velmora/utilities/Result.h>
 
+#include <cstdint>
 #include <sstream>
-
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
 
 namespace velmora {
 namespace rune {
 
 // "Success", "Unknown error", "Invalid Param", "Invalid Configuration" for 1000 to 1003.
-const char* resultCodeText(int code);
+const char* resultCodeText(int32_t code);
 
 // A result whose message is the pieces streamed one after the other.
 template <typename Trait, typename... Pieces>
@@ -28,7 +27,5 @@ utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,
 
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SRC_INTERNAL_RESULTS_H

@@ -7,9 +7,6 @@
 #include <string_view>
 #include <vector>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -45,7 +42,5 @@ bool equalsIgnoreCase(std::string_view a, std::string_view b);
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_SYNTAX_SDP_LINE_H

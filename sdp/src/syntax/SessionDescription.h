@@ -12,9 +12,6 @@
 #include <string_view>
 #include <vector>
 
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -62,7 +59,5 @@ class Description {
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H

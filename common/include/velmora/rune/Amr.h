@@ -16,6 +16,9 @@
 #include <string>
 #include <vector>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -220,5 +223,7 @@ class AmrCodecCapabilities : public CodecCapabilities {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_AMR_H

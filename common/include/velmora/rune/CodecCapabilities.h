@@ -7,12 +7,17 @@
 #include <velmora/rune/CodecId.h>
 #include <velmora/utilities/Result.h>
 
+#include <cstdint>
+
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
 class CodecCapabilities {
   public:
-    enum ResultCode {
+    enum ResultCode : int32_t {
         Success = 1000,
         UnknownError = 1001,
         InvalidParam = 1002,
@@ -67,5 +72,7 @@ class CodecCapabilities {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_CODEC_CAPABILITIES_H

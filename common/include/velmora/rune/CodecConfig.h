@@ -11,14 +11,18 @@
 #include <velmora/rune/CodecId.h>
 #include <velmora/utilities/Result.h>
 
+#include <cstdint>
 #include <string>
+
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
 
 namespace velmora {
 namespace rune {
 
 class CodecConfig {
   public:
-    enum ResultCode {
+    enum ResultCode : int32_t {
         Success = 1000,
         UnknownError = 1001,
         InvalidParam = 1002,
@@ -80,5 +84,7 @@ class CodecConfig {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_CODEC_CONFIG_H

@@ -7,6 +7,9 @@
 
 #include <cstdint>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -42,5 +45,7 @@ class BandTypeConverter {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_CODEC_ID_H

@@ -12,6 +12,9 @@
 #include <cstdint>
 #include <map>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -75,5 +78,7 @@ class Dtmf {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_DTMF_H

@@ -7,6 +7,9 @@
 
 #include <cstdint>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 namespace common {
@@ -20,5 +23,7 @@ class MonotonicClock {
 }  // namespace common
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_MONOTONIC_CLOCK_H

@@ -7,6 +7,9 @@
 
 #include <cstdint>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -70,5 +73,7 @@ class RtpProfileConverter {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_RTP_H

@@ -9,6 +9,9 @@
 #include <set>
 #include <vector>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace rune {
 
@@ -48,5 +51,7 @@ class StreamCapabilities {
 
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_STREAM_CAPABILITIES_H

@@ -18,6 +18,9 @@
 #include <cstdio>
 #include <sstream>
 
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
+
 namespace velmora {
 namespace utilities {
 
@@ -130,5 +133,7 @@ class GenericLog {
 
 }  // namespace utilities
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_UTILITIES_LOG_H

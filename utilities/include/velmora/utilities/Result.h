@@ -11,9 +11,13 @@
 #ifndef VELMORA_UTILITIES_RESULT_H
 #define VELMORA_UTILITIES_RESULT_H
 
+#include <cstdint>
 #include <cstring>
 #include <sstream>
 #include <string>
+
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
 
 namespace velmora {
 namespace utilities {
@@ -62,7 +66,9 @@ class Result {
         }
         std::string text = Trait::toText(mCode);
         text += " (Code ";
-        text += std::to_string(static_cast<long long>(mCode));
+        // Codes are signed 32-bit numbers; an enumeration without a fixed underlying type would
+        // print -7 as 4294967289.
+        text += std::to_string(static_cast<std::int32_t>(mCode));
         text += ")";
         std::string detail = mMessage;
         if (!mContext.empty()) {
@@ -94,5 +100,7 @@ struct ErrnoTrait {
 }  // namespace result
 }  // namespace utilities
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_UTILITIES_RESULT_H

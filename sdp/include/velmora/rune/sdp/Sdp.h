@@ -1,25 +1,32 @@
-// Session descriptions (RFC 8866) in and out of the model: a remote description read into a
-// StreamConfig, a StreamConfig written as the local media description, and an offer answered
-// from the local StreamCapabilities.
+// Session descriptions (RFC 8866) in and out of the model, for both roles of offer/answer
+// (RFC 3264): a remote description read into a StreamConfig, a StreamConfig written as a local
+// media section, an offer written from the local StreamCapabilities, an offer answered, and the
+// answer to our own offer accepted. Every body written for sending is whole (v=, o=, s=, c=, t=,
+// then the media sections), each line ended by CRLF.
 //
+//   sdp::Origin origin{"-", sessionId, 1};
+//   std::string offer;
+//   sdp::Result result = sdp::createOffer(localCaps, "192.0.2.10", 49152, origin, offer);
+//   ... send offer, receive answerText ...
 //   StreamConfig stream;
-//   std::vector<sdp::SkippedFormat> skipped;
-//   StreamConfig::Result result = sdp::readRemoteDescription(offerText, stream, skipped);
-//   if (result.isSuccess()) result = stream.check();  // reading does not check
-//   std::string media = sdp::writeMediaDescription(stream, "192.0.2.10", 49152);
+//   result = sdp::acceptAnswer(offer, answerText, stream);
+//   if (result.isSuccess()) result = stream.check();  // negotiating does not check
 //
-//   std::string answer;
-//   result = sdp::answerOffer(offerText, localCaps, "192.0.2.10", 49152, stream, answer);
-//
-// A refusal names the line it comes from in its context: "line 12: a=fmtp:97 mode-set=0,9".
+// The answerer's side: sdp::answerOffer(offerText, localCaps, "192.0.2.10", 49152, origin,
+// stream, answer). A refusal names the line it comes from in its context:
+// "line 12: a=fmtp:97 mode-set=0,9".
 #ifndef VELMORA_RUNE_SDP_SDP_H
 #define VELMORA_RUNE_SDP_SDP_H
 
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
+
+// The library exports what its public headers declare and hides the rest.
+#pragma GCC visibility push(default)
 
 namespace velmora {
 namespace rune {
@@ -41,6 +48,15 @@ struct SkippedFormat {
     bool operator!=(const SkippedFormat& other) const { return !(*this == other); }
 };
 
+// The o= line of the descriptions one dialog sends (RFC 8866 section 5.2): the session id is
+// chosen once per dialog, and the version grows by one with every description the dialog sends
+// (RFC 3264 section 8).
+struct Origin {
+    std::string username = "-";
+    uint64_t sessionId = 0;
+    uint64_t sessionVersion = 0;
+};
+
 // Reads the first audio section with a port other than 0 of a remote description. Lines may end
 // in CRLF or LF. On success, stream becomes the stream read (built from a default StreamConfig)
 // and skipped lists the formats left out, in m= order; on a refusal both are left as they were.
@@ -53,27 +69,42 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
 // bandwidths, the direction seen from this side and reduced-size RTCP. localIp is written as
 // "c=IN IP6" when it holds a colon, else as "c=IN IP4". Profiles other than RTP/AVPF are written
 // as RTP/AVP. A stream without codecs gives an m= line without formats, which no reader accepts.
+// An empty string when localIp is not an address the model accepts or localPort is not 1-65535.
 std::string writeMediaDescription(const StreamConfig& stream, const std::string& localIp,
                                   int localPort);
 
-// Answers an offer (RFC 3264; RFC 4867 section 8.3.1 for AMR) from the local capabilities. The
-// offer is read as readRemoteDescription reads it and refused the same way; then its profile
-// must be one local supports ("Unsupported profile"; an empty set supports RTP/AVP only) and one
-// of its AMR payload types acceptable to a local AmrCodecCapabilities of its band ("No common
-// codec"). The first acceptable one in the offer's order is kept, with the offered
-// telephone-event of its clock rate when local has DtmfCodecCapabilities of that band.
+// Answers an offer (RFC 3264; RFC 4867 section 8.3.1 for AMR) from the local capabilities.
+// The answer has one m= line per offered m= line, in order: the chosen audio section (the
+// first RTP/AVP or RTP/AVPF audio section with a port other than 0 whose profile local supports
+// and which has an AMR payload type a local AmrCodecCapabilities accepts) is answered, every other
+// one rejected with port 0. Refusals: those of readRemoteDescription, "Unsupported profile",
+// "No common codec", and the model's refusals of localIp and localPort.
 //
 // On success, negotiated becomes the stream both sides agreed on (the offer's endpoint, the
-// direction mirrored, local RTCP values) and answer this side's media description, written as
-// writeMediaDescription writes it but with the AMR parameters the answer returns: octet-align,
-// crc, robust-sorting, interleaving and mode-set as offered. On a refusal both are left as they
-// were. negotiated is not checked: call negotiated.check() before using it.
+// direction mirrored, local RTCP values) and answer the whole answer body. On a refusal both are
+// left as they were. negotiated is not checked: call negotiated.check() before using it.
 Result answerOffer(const std::string& offer, const StreamCapabilities& local,
-                   const std::string& localIp, int localPort, StreamConfig& negotiated,
-                   std::string& answer);
+                   const std::string& localIp, int localPort, const Origin& origin,
+                   StreamConfig& negotiated, std::string& answer);
+
+// Writes an offer of the local capabilities: one audio section on localIp and localPort, each
+// AMR capability as a bandwidth-efficient and an octet-aligned payload type (only the latter when
+// it requires octet-align), then a telephone-event per DTMF capability, from payload type 96 up.
+// Refusals: "No codec to offer" without an AmrCodecCapabilities, and the model's refusals of
+// localIp and localPort. On a refusal offer is left as it was.
+Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
+                   const Origin& origin, std::string& offer);
+
+// Reads the answer to an offer this side sent (both as text) into the stream both sides agreed
+// on, or refuses it: the answer must keep the offer's m= lines, accept the chosen audio section
+// ("Stream rejected"), and keep what RFC 4867 forbids an answerer to change in at least one AMR
+// payload type ("No common codec"). On a refusal negotiated is left as it was; it is not checked.
+Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated);
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
+
+#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SDP_H
