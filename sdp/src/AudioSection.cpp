@@ -65,9 +65,7 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                              " is already present");
         }
         index[payloadType] = static_cast<uint8_t>(remote.formatCount);
-        RemoteFormat& format = remote.formats[remote.formatCount++];
-        format = RemoteFormat();
-        format.payloadType = static_cast<int>(payloadType);
+        remote.addFormat().payloadType = static_cast<int>(payloadType);
     }
     return StreamConfig::Result::success();
 }
@@ -86,7 +84,7 @@ RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
         return nullptr;
     }
     rest = trim(value.substr(digits.size()));
-    return &remote.formats[index[payloadType]];
+    return &remote.format(index[payloadType]);
 }
 
 bool readDirection(std::string_view value, std::optional<StreamConfig::Direction>& direction) {
@@ -229,8 +227,7 @@ StreamConfig::Result readAddress(const Line& connection, RemoteMedia& remote) {
 }
 
 StreamConfig::Result readFormats(RemoteMedia& remote) {
-    for (unsigned i = 0; i < remote.formatCount; ++i) {
-        RemoteFormat& format = remote.formats[i];
+    for (RemoteFormat& format : remote) {
         if (format.encoding.data() != nullptr) {
             classify(format);
         }

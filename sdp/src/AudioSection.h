@@ -11,8 +11,8 @@
 #include "AmrFmtp.h"
 #include "syntax/SessionDescription.h"
 
-#include <array>
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -56,14 +56,26 @@ struct RemoteMedia {
     // a=ptime and a=maxptime, in ms.
     std::optional<uint32_t> packetTime;
     std::optional<uint32_t> maxPacketTime;
-    // In m= order; a payload type is listed once at most.
-    std::array<RemoteFormat, kMaxPayloadType + 1> formats;
     unsigned formatCount = 0;
 
-    const RemoteFormat* begin() const { return formats.data(); }
-    const RemoteFormat* end() const { return formats.data() + formatCount; }
+    // The room for the formats is left as it is: only those added are ever read.
+    RemoteMedia() {}  // NOLINT(modernize-use-equals-default)
+
+    // In m= order; a payload type is listed once at most.
+    const RemoteFormat* begin() const { return mFormats.list; }
+    const RemoteFormat* end() const { return mFormats.list + formatCount; }
+    RemoteFormat* begin() { return mFormats.list; }
+    RemoteFormat* end() { return mFormats.list + formatCount; }
+    RemoteFormat& format(unsigned i) { return mFormats.list[i]; }
+    RemoteFormat& addFormat() { return *new (&mFormats.list[formatCount++]) RemoteFormat(); }
     // Null when the m= line does not list payloadType.
     const RemoteFormat* find(int payloadType) const;
+
+  private:
+    union FormatRoom {
+        FormatRoom() {}  // NOLINT(modernize-use-equals-default)
+        RemoteFormat list[kMaxPayloadType + 1];
+    } mFormats;
 };
 
 // RTP/AVP or RTP/AVPF.

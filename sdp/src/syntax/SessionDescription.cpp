@@ -95,23 +95,23 @@ bool SectionCursor::next(MediaSection& section) {
         return false;
     }
     section.index = mIndex++;
-    const size_t bodyStart = lines.offset();
     section.mBodyNumber = lines.nextNumber();
-    for (;;) {
-        const size_t offset = lines.offset();
-        const unsigned number = lines.nextNumber();
-        if (!lines.next(line)) {
-            section.mBody = mRest.substr(bodyStart);
-            mRest = std::string_view();
-            return true;
+    const std::string_view rest = mRest.substr(lines.offset());
+    // The next section starts with the next line that starts with "m=".
+    size_t end = 0;
+    unsigned lineEnds = 0;
+    while (rest.compare(end, 2, "m=") != 0) {
+        end = rest.find('\n', end);
+        if (end == std::string_view::npos) {
+            break;
         }
-        if (line.type() == 'm') {
-            section.mBody = mRest.substr(bodyStart, offset - bodyStart);
-            mRest = mRest.substr(offset);
-            mNumber = number;
-            return true;
-        }
+        ++end;
+        ++lineEnds;
     }
+    section.mBody = rest.substr(0, end);
+    mNumber = section.mBodyNumber + lineEnds;
+    mRest = end == std::string_view::npos ? std::string_view() : rest.substr(end);
+    return true;
 }
 
 bool Description::section(unsigned index, MediaSection& section) const {
