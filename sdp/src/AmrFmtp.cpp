@@ -83,18 +83,10 @@ AmrRate lastMode(BandType band) {
     return band == BandTypeNb ? AmrRate7 : AmrRate8;
 }
 
-bool AmrModes::contains(AmrRate mode) const {
-    for (unsigned i = 0; i < count; ++i) {
-        if (modes[i] == mode) {
-            return true;
-        }
-    }
-    return false;
-}
-
 void AmrModes::add(AmrRate mode) {
     if (!contains(mode) && count < modes.size()) {
         modes[count++] = mode;
+        listed |= 1U << static_cast<unsigned>(mode);
     }
 }
 
@@ -219,7 +211,7 @@ void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandTy
     static const AmrCodecConfig wide = everyModeConfig(BandTypeWb);
     config = band == BandTypeNb ? narrow : wide;
     config.setPayloadType(payloadType);
-    if (modes.count > 0) {
+    if (modes.count > 0 && !modes.isEveryMode(band)) {
         config.clearAmrRateVector();
         for (unsigned i = 0; i < modes.count; ++i) {
             (void)config.addAmrRate(modes.modes[i]);

@@ -12,10 +12,10 @@
 #include "syntax/SessionDescription.h"
 
 #include <cstdint>
-#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmora {
 namespace rune {
@@ -36,8 +36,8 @@ struct RemoteFormat {
     Line fmtp;
     std::string_view fmtpText;
 
-    // The AMR parameters, read before without a refusal; every default without an a=fmtp.
-    AmrParameters amrParameters() const;
+    // For AMR: the parameters of the a=fmtp; every default without one.
+    AmrParameters amr;
 };
 
 struct RemoteMedia {
@@ -56,26 +56,14 @@ struct RemoteMedia {
     // a=ptime and a=maxptime, in ms.
     std::optional<uint32_t> packetTime;
     std::optional<uint32_t> maxPacketTime;
-    unsigned formatCount = 0;
-
-    // The room for the formats is left as it is: only those added are ever read.
-    RemoteMedia() {}  // NOLINT(modernize-use-equals-default)
-
     // In m= order; a payload type is listed once at most.
-    const RemoteFormat* begin() const { return mFormats.list; }
-    const RemoteFormat* end() const { return mFormats.list + formatCount; }
-    RemoteFormat* begin() { return mFormats.list; }
-    RemoteFormat* end() { return mFormats.list + formatCount; }
-    RemoteFormat& format(unsigned i) { return mFormats.list[i]; }
-    RemoteFormat& addFormat() { return *new (&mFormats.list[formatCount++]) RemoteFormat(); }
+    std::vector<RemoteFormat> formats;
+
+    std::vector<RemoteFormat>::const_iterator begin() const { return formats.begin(); }
+    std::vector<RemoteFormat>::const_iterator end() const { return formats.end(); }
+
     // Null when the m= line does not list payloadType.
     const RemoteFormat* find(int payloadType) const;
-
-  private:
-    union FormatRoom {
-        FormatRoom() {}  // NOLINT(modernize-use-equals-default)
-        RemoteFormat list[kMaxPayloadType + 1];
-    } mFormats;
 };
 
 // RTP/AVP or RTP/AVPF.
