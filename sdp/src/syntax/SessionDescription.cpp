@@ -1,10 +1,9 @@
 #include "syntax/SessionDescription.h"
 
-#include "Refusal.h"
+#include "internal/Results.h"
 #include "syntax/SdpLine.h"
 
 #include <limits>
-#include <utility>
 
 namespace velmora {
 namespace rune {
@@ -12,47 +11,66 @@ namespace sdp {
 
 namespace {
 
+// SIP stacks cap whole messages far below this.
+const size_t kMaxDescriptionSize = 65536;
+
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-// x=value, where no line of a description may hold a NUL (RFC 8866 section 5).
-bool isWellFormed(std::string_view text) {
+// x=value, where no line of a description may hold a NUL (RFC 8866 section 5); nul points to the
+// text's first NUL, or is null.
+bool isWellFormed(std::string_view text, const char* nul) {
     return text.size() >= 2 && isLetter(text[0]) && text[1] == '=' &&
-           text.find('\0') == std::string_view::npos;
+           (nul < text.data() || nul >= text.data() + text.size());
+}
+
+StreamConfig::Result badLine(const Line& line, const char* message) {
+    return refusalAt(line, StreamConfig::InvalidParam, message);
 }
 
 }  // namespace
 
 StreamConfig::Result Description::parse(std::string_view text, Description& out) {
-    const std::vector<Line> lines = splitLines(text);
+    if (text.size() > kMaxDescriptionSize) {
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
+                                                     "Description too long");
+    }
     Description description;
+    description.mText = text;
+    description.mSession = text;
+    LineCursor lines(text, 1);
+    // One search of the whole text costs less than one per line.
+    const size_t nulOffset = text.find('\0');
+    const char* nul = nulOffset == std::string_view::npos ? nullptr : text.data() + nulOffset;
     bool first = true;
-    for (const Line& line : lines) {
-        if (line.text.empty()) {
-            continue;
-        }
+    Line line;
+    while (lines.next(line)) {
         if (first && line.text != "v=0") {
-            return refusalAt(line, StreamConfig::InvalidParam, "Description must start with v=0");
+            return badLine(line, "Description must start with v=0");
         }
         first = false;
-        if (!isWellFormed(line.text)) {
-            return refusalAt(line, StreamConfig::InvalidParam, "Bad line");
+        if (!isWellFormed(line.text, nul)) {
+            return badLine(line, "Bad line");
         }
         std::string_view unused;
         uint32_t bandwidth;
+        MediaSection media;
         switch (line.type()) {
-            case 'm': {
-                Media media;
+            case 'm':
                 if (!parseMedia(line, media)) {
-                    return refusalAt(line, StreamConfig::InvalidParam, "Bad media line");
+                    return badLine(line, "Bad media line");
                 }
-                description.mMedia.push_back(std::move(media));
-                continue;
-            }
+                ++description.mSectionCount;
+                if (description.mFirstMediaNumber == 0) {
+                    description.mFirstMediaNumber = line.number;
+                    // The session part ends where the first m= line starts.
+                    description.mSession = text.substr(0, line.text.data() - text.data());
+                }
+                break;
             case 'c':
                 if (!parseConnection(line.value(), unused)) {
-                    return refusalAt(line, StreamConfig::InvalidParam, "Bad connection line");
+                    return badLine(line, "Bad connection line");
                 }
                 break;
             case 'b':
@@ -64,32 +82,63 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
             default:
                 break;
         }
-        (description.mMedia.empty() ? description.mSessionLines : description.mMedia.back().lines)
-            .push_back(line);
     }
     if (first) {
         // Nothing but empty lines: there is no line to name.
-        return refusal(StreamConfig::InvalidParam, "Description must start with v=0");
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
+                                                     "Description must start with v=0");
     }
-    out = std::move(description);
+    out = description;
     return StreamConfig::Result::success();
 }
 
-const Description::Media* Description::firstActiveAudio() const {
-    for (const Media& media : mMedia) {
-        if (media.type == "audio" && media.port != 0) {
-            return &media;
-        }
-    }
-    return nullptr;
-}
-
-bool Description::parseMedia(const Line& line, Media& media) {
-    const std::vector<std::string_view> fields = splitFields(line.value());
-    if (fields.size() < 4) {
+bool SectionCursor::next(MediaSection& section) {
+    LineCursor lines(mRest, mNumber);
+    Line line;
+    // The description was parsed: the first line left is an m= line, and a valid one.
+    if (mIndex == mCount || !lines.next(line) || !Description::parseMedia(line, section)) {
         return false;
     }
-    std::string_view port = fields[1];
+    section.index = mIndex++;
+    section.mBodyNumber = lines.nextNumber();
+    const std::string_view rest = mRest.substr(lines.offset());
+    // The next section starts with the next line that starts with "m=".
+    // The last section needs no search.
+    size_t end = mIndex == mCount ? std::string_view::npos : 0;
+    unsigned lineEnds = 0;
+    while (end != std::string_view::npos && rest.compare(end, 2, "m=") != 0) {
+        end = rest.find('\n', end);
+        if (end == std::string_view::npos) {
+            break;
+        }
+        ++end;
+        ++lineEnds;
+    }
+    section.mBody = rest.substr(0, end);
+    mNumber = section.mBodyNumber + lineEnds;
+    mRest = end == std::string_view::npos ? std::string_view() : rest.substr(end);
+    return true;
+}
+
+bool Description::section(unsigned index, MediaSection& section) const {
+    SectionCursor cursor = sections();
+    while (cursor.next(section)) {
+        if (section.index == index) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Description::parseMedia(const Line& line, MediaSection& media) {
+    std::string_view rest = line.value();
+    const std::string_view type = nextField(rest);
+    const std::string_view port = nextField(rest);
+    const std::string_view protocol = nextField(rest);
+    const std::string_view formats = trim(rest);
+    if (formats.empty()) {
+        return false;
+    }
     const size_t slash = port.find('/');
     uint64_t value;
     uint64_t count;
@@ -99,19 +148,21 @@ bool Description::parseMedia(const Line& line, Media& media) {
         return false;
     }
     media.mediaLine = line;
-    media.type = fields[0];
+    media.type = type;
     media.port = static_cast<int>(value);
-    media.protocol = fields[2];
-    media.formats.assign(fields.begin() + 3, fields.end());
+    media.protocol = protocol;
+    media.formats = formats;
     return true;
 }
 
 bool Description::parseConnection(std::string_view value, std::string_view& address) {
-    const std::vector<std::string_view> fields = splitFields(value);
-    if (fields.size() != 3 || fields[0] != "IN" || (fields[1] != "IP4" && fields[1] != "IP6")) {
+    const std::string_view network = nextField(value);
+    const std::string_view family = nextField(value);
+    const std::string_view field = nextField(value);
+    if (network != "IN" || (family != "IP4" && family != "IP6") || !trim(value).empty()) {
         return false;
     }
-    address = fields[2].substr(0, fields[2].find('/'));
+    address = field.substr(0, field.find('/'));
     return !address.empty();
 }
 
