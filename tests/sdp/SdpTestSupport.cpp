@@ -198,6 +198,12 @@ StreamConfig placedStream(const std::string& ip, int port, StreamConfig::Directi
     return stream;
 }
 
+StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
+    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
+           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
+                                                             : direction;
+}
+
 AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes) {
     AmrCodecCapabilities amr;
     amr.setBandType(band);

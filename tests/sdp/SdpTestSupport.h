@@ -71,6 +71,9 @@ rune::StreamConfig placedStream(const std::string& ip, int port,
                                 const std::vector<const rune::CodecConfig*>& codecs,
                                 const rune::RtcpConfig& rtcp = rune::RtcpConfig());
 
+// The direction of the other side.
+rune::StreamConfig::Direction mirrored(rune::StreamConfig::Direction direction);
+
 // Listing no mode supports every mode.
 rune::AmrCodecCapabilities amrCaps(rune::BandType band, std::vector<int> modes = {});
 

@@ -49,12 +49,6 @@ const WriteCase kWriteCases[] = {
      "2001:db8::10", 65535, dataText("write-every-option.sdp")},
 };
 
-StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
-    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
-           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
-                                                             : direction;
-}
-
 // Written whole; read back as the remote party reads it and seen from this side again, it
 // writes the same text.
 TEST(WriteMediaTest, WritesWhatReadsBackAlike) {
