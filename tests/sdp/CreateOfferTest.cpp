@@ -2,7 +2,6 @@
 
 #include <functional>
 
-using namespace velmora::rune;
 using namespace velmora::testing;
 
 namespace {

@@ -18,21 +18,41 @@
 namespace velmora {
 namespace testing {
 
-// The lines, each ended by lineEnd.
-std::string sdpText(std::initializer_list<const char*> lines, const char* lineEnd = "\r\n");
-
-// An offer from 192.0.2.1 whose m= line, the first of media, is line 6.
-std::string offer(std::initializer_list<const char*> media);
+using namespace rune;
 
 // tests/sdp/data/name, its lines ended by lineEnd.
 std::string dataText(const std::string& name, const char* lineEnd = "\r\n");
 
-// message, followed by the context of line number of text (none for 0), as format() writes it.
+// message, followed by the context of line number of text, as format() writes it.
 std::string refusal(const std::string& message, const std::string& text, int number);
+
+struct Case {
+    // The result's format().
+    std::string expected;
+    std::string text;
+};
+
+// The cases of tests/sdp/data/name (the form is described in read-refusals.txt there).
+std::vector<Case> dataCases(const std::string& name);
 
 // GStreamer reads body (a whole description, or a media section after a session header) as the
 // same fields, in the same order. Does nothing on builds without GStreamer.
 void expectOthersReadAlike(const std::string& body);
+
+// The lines, each ended by CRLF.
+inline std::string sdpText(std::initializer_list<const char*> lines) {
+    std::string text;
+    for (const char* line : lines) {
+        text.append(line).append("\r\n");
+    }
+    return text;
+}
+
+// An offer from 192.0.2.1 whose m= line, the first of media, is line 6.
+inline std::string offer(std::initializer_list<const char*> media) {
+    return sdpText({"v=0", "o=- 7 7 IN IP4 192.0.2.1", "s=-", "c=IN IP4 192.0.2.1", "t=0 0"}) +
+           sdpText(media);
+}
 
 // Local endpoints the model refuses, and its refusal.
 struct BadEndpoint {
@@ -55,33 +75,101 @@ const int kNeighbor = 32, kEveryOption = 63;
 
 // The rates in order, or every mode of the band when none are given; the options of the mask
 // on; redundancy on when maxRed is not 0.
-rune::AmrCodecConfig amrCodec(rune::BandType band, int payloadType, std::vector<int> rates = {},
-                              int options = 0, int maxRed = 0);
+inline AmrCodecConfig amrCodec(BandType band, int payloadType, std::vector<int> rates = {},
+                               int options = 0, int maxRed = 0) {
+    AmrCodecConfig amr;
+    EXPECT_TRUE(amr.setBandType(band).isSuccess());
+    amr.setPayloadType(payloadType);
+    for (int rate = 0; rates.empty() && rate <= (band == BandTypeNb ? 7 : 8); ++rate) {
+        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
+    }
+    for (int rate : rates) {
+        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
+    }
+    amr.setOctetAlignMode((options & kOctetAlign) != 0);
+    amr.setCrcMode((options & kCrc) != 0);
+    amr.setRobustSortingMode((options & kRobustSorting) != 0);
+    amr.setInterleavingMode((options & kInterleaving) != 0);
+    amr.setModeChangePeriod((options & kPeriodTwo) != 0 ? ModeChangePeriodEveryOtherFrame
+                                                        : ModeChangePeriodAnyFrame);
+    amr.setModeChangeNeighbor((options & kNeighbor) != 0);
+    amr.setRdcyMode(maxRed != 0);
+    amr.setMaxRdcy(maxRed != 0 ? maxRed : amr.getMaxRdcy());
+    return amr;
+}
 
-rune::DtmfCodecConfig dtmfCodec(rune::BandType band, int payloadType);
+inline DtmfCodecConfig dtmfCodec(BandType band, int payloadType) {
+    DtmfCodecConfig dtmf;
+    EXPECT_TRUE(dtmf.setBandType(band).isSuccess());
+    dtmf.setPayloadType(payloadType);
+    return dtmf;
+}
 
 // Both packet times of every codec.
-void setPacketTimes(const std::vector<rune::CodecConfig*>& codecs, unsigned int packetTime,
-                    unsigned int maxPacketTime);
+inline void setPacketTimes(const std::vector<CodecConfig*>& codecs, unsigned int packetTime,
+                           unsigned int maxPacketTime) {
+    for (CodecConfig* codec : codecs) {
+        codec->setPacketTime(packetTime);
+        codec->setMaxPacketTime(maxPacketTime);
+    }
+}
 
 // A stream with the codecs where the reader places them: on each active direction, on the
 // downlink when neither is active.
-rune::StreamConfig placedStream(const std::string& ip, int port,
-                                rune::StreamConfig::Direction direction,
-                                const std::vector<const rune::CodecConfig*>& codecs,
-                                const rune::RtcpConfig& rtcp = rune::RtcpConfig());
+inline StreamConfig placedStream(const std::string& ip, int port, StreamConfig::Direction direction,
+                                 const std::vector<const CodecConfig*>& codecs,
+                                 const RtcpConfig& rtcp = RtcpConfig()) {
+    StreamConfig stream;
+    EXPECT_TRUE(stream.setRemoteIp(ip).isSuccess());
+    EXPECT_TRUE(stream.setRemoteRtpPort(port).isSuccess());
+    EXPECT_TRUE(stream.setDirection(direction).isSuccess());
+    for (const CodecConfig* codec : codecs) {
+        EXPECT_TRUE(!stream.hasUplink() || stream.addUplinkCodec(*codec).isSuccess());
+        EXPECT_TRUE((stream.hasUplink() && !stream.hasDownlink()) ||
+                    stream.addDownlinkCodec(*codec).isSuccess());
+    }
+    stream.setRtcpConfig(rtcp);
+    return stream;
+}
 
 // The direction of the other side.
-rune::StreamConfig::Direction mirrored(rune::StreamConfig::Direction direction);
+inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
+    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
+           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
+                                                             : direction;
+}
 
 // Listing no mode supports every mode.
-rune::AmrCodecCapabilities amrCaps(rune::BandType band, std::vector<int> modes = {});
+inline AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes = {}) {
+    AmrCodecCapabilities amr;
+    amr.setBandType(band);
+    for (int mode : modes) {
+        EXPECT_TRUE(amr.addSupportedAmrRate(static_cast<AmrRate>(mode)).isSuccess());
+    }
+    return amr;
+}
 
 // A phone's: AMR-WB, then AMR, and telephone-event for both bands or the narrow one only.
-rune::StreamCapabilities phoneCaps(
-    const rune::AmrCodecCapabilities& wide, const rune::AmrCodecCapabilities& narrow,
-    std::vector<rune::RtpProfile> profiles = {rune::RtpProfileAvp, rune::RtpProfileAvpf},
-    rune::RtcpConfig rtcp = rune::RtcpConfig(), bool wideEvents = true);
+inline StreamCapabilities phoneCaps(const AmrCodecCapabilities& wide,
+                                    const AmrCodecCapabilities& narrow,
+                                    std::vector<RtpProfile> profiles = {RtpProfileAvp,
+                                                                        RtpProfileAvpf},
+                                    RtcpConfig rtcp = RtcpConfig(), bool wideEvents = true) {
+    StreamCapabilities local;
+    local.addCodecCapabilities(wide);
+    local.addCodecCapabilities(narrow);
+    DtmfCodecCapabilities events;
+    if (wideEvents) {
+        local.addCodecCapabilities(events);
+    }
+    events.setBandType(BandTypeNb);
+    local.addCodecCapabilities(events);
+    for (RtpProfile profile : profiles) {
+        local.addRtpProfile(profile);
+    }
+    local.setRtcpCaps(rtcp);
+    return local;
+}
 
 }  // namespace testing
 
