@@ -41,6 +41,15 @@ TEST(AcceptAnswerTest, AcceptsAnswersThatKeepTheOffer) {
         EXPECT_EQ(rows[i].expected, sdp::acceptAnswer(kOffer, rows[i].text, negotiated).format());
         EXPECT_EQ(kAccepted[i]().toString(), negotiated.toString());
     }
+    // Reduced size only when both list it.
+    std::string offer = kOffer;
+    offer.erase(offer.find("a=rtcp-rsize\r\n"), 14);
+    StreamConfig negotiated, expected = kAccepted[0]();
+    RtcpConfig rtcp = expected.getRtcpConfig();
+    rtcp.setReducedSizeMode(false);
+    expected.setRtcpConfig(rtcp);
+    EXPECT_EQ("Success", sdp::acceptAnswer(offer, rows[0].text, negotiated).format());
+    EXPECT_EQ(expected.toString(), negotiated.toString());
 }
 
 // A refusal leaves the negotiated stream as it was; a fault in the offer names the offer's line.

@@ -23,7 +23,7 @@ StreamCapabilities anyAmr() {
 
 // The chosen section of every multi-section offer.
 StreamConfig chosenSection() {
-    const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 2, 4}, 0, 220);
+    const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 2, 4}, 0, 100);
     const DtmfCodecConfig events = dtmfCodec(BandTypeWb, 101);
     return placedStream(kOfferer, 30000, StreamConfig::DirectionFullDuplex, {&amr, &events});
 }

@@ -55,7 +55,7 @@ const ReadCase kReadCases[] = {
      {{0, "PCMU/8000"}}},
     {dataText("savp-then-avp.sdp"),
      [] {
-         const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 2, 4});
+         const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 2, 4}, 0, 100);
          const DtmfCodecConfig dtmf = dtmfCodec(BandTypeWb, 101);
          return placedStream("192.0.2.1", 30000, StreamConfig::DirectionFullDuplex, {&amr, &dtmf});
      },

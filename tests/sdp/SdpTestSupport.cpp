@@ -76,8 +76,12 @@ void expectOthersReadAlike(const std::string& body) {
     EXPECT_EQ(GST_SDP_OK,
               gst_sdp_message_parse_buffer(reinterpret_cast<const guint8*>(whole.data()),
                                            whole.size(), message));
+    // GStreamer 1.22 keeps no t= line, and writes "t=0 0".
+    std::string expected = whole;
+    const size_t time = expected.find("\r\nt=") + 2;
+    expected.replace(time, expected.find('\r', time) - time, "t=0 0");
     gchar* text = gst_sdp_message_as_text(message);
-    EXPECT_EQ(whole, text);
+    EXPECT_EQ(expected, text);
     g_free(text);
     gst_sdp_message_free(message);
 #else
