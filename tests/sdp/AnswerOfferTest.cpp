@@ -116,38 +116,15 @@ TEST(AnswerOfferTest, AnswersOffers) {
     }
 }
 
-struct Refusal {
-    std::string offer;
-    std::function<StreamCapabilities()> local;
-    const char* message;
-};
-
-StreamCapabilities avpOnly() {
-    return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {RtpProfileAvp});
-}
-
-// The profile is checked before the codecs, an empty set supports RTP/AVP only, telephone-event
-// alone is no common codec; where no section qualifies, the first one's refusal holds.
-const Refusal kRefusals[] = {
-    {offer({"m=audio 49152 RTP/AVPF 0"}), avpOnly,
-     "Invalid Configuration (Code 1003): Unsupported profile"},
-    {offer({"m=audio 49152 RTP/AVPF 97", "a=rtpmap:97 AMR/8000", "m=audio 49154 RTP/AVP 97"}),
-     [] { return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {}); },
-     "Invalid Configuration (Code 1003): Unsupported profile"},
-    {offer({"m=audio 49152 RTP/AVP 96 101", "a=rtpmap:96 AMR-WB/16000/1", "a=fmtp:96 crc=1",
-            "a=rtpmap:101 telephone-event/16000", "m=audio 0 RTP/AVP 97", "a=rtpmap:97 AMR/8000"}),
-     avpOnly, "Invalid Configuration (Code 1003): No common codec"},
-};
-
 // Refusals leave the negotiated stream and the answer as they were.
 TEST(AnswerOfferTest, RefusesWithTheFirstAudioSection) {
-    for (const Refusal& row : kRefusals) {
+    const StreamCapabilities avpOnly = phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {});
+    for (const Case& row : dataCases("answer-refusals.txt")) {
         StreamConfig negotiated;
         std::string answer = "left";
-        EXPECT_EQ(refusal(row.message, row.offer, 6),
-                  sdp::answerOffer(row.offer, row.local(), "192.0.2.10", 49152, sdp::Origin(),
-                                   negotiated, answer)
-                      .format());
+        EXPECT_EQ(row.expected, sdp::answerOffer(row.text, avpOnly, "192.0.2.10", 49152,
+                                                 sdp::Origin(), negotiated, answer)
+                                    .format());
         EXPECT_EQ(StreamConfig().toString(), negotiated.toString());
         EXPECT_EQ("left", answer);
     }
