@@ -78,8 +78,7 @@ TEST(AcceptAnswerTest, BothSidesAgree) {
     noRedundancy.setRdcyModeSupport(false);
     const RtcpConfig reducedSize(5000, 1000, 400, 40, true);
     const std::pair<StreamCapabilities, StreamCapabilities> kCalls[] = {
-        {phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb)),
-         phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb))},
+        {anyAmr(), anyAmr()},
         {phoneCaps(amrCaps(BandTypeNb, {7, 4, 2, 0}), amrCaps(BandTypeNb)),
          phoneCaps(octetAligned, octetAligned)},
         {phoneCaps(noRedundancy, amrCaps(BandTypeNb), {RtpProfileAvpf}, reducedSize),

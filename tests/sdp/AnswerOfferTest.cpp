@@ -17,10 +17,6 @@ struct AnswerCase {
     sdp::Origin origin = {"-", 1, 2};
 };
 
-StreamCapabilities anyAmr() {
-    return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb));
-}
-
 // The chosen section of every multi-section offer.
 StreamConfig chosenSection() {
     const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 2, 4}, 0, 100);

@@ -1,56 +1,43 @@
 #include "SdpTestSupport.h"
 
-#include <functional>
-
 using namespace velmora::testing;
 
 namespace {
 
 struct OfferCase {
-    std::function<StreamCapabilities()> local;
+    // In tests/sdp/data.
+    std::string name;
     const char* ip;
     int port;
     sdp::Origin origin;
-    // In tests/sdp/data.
-    std::string name;
+    StreamCapabilities (*local)();
 };
 
+// A narrow-band capability first, with some modes in another order, requiring octet-align, mode
+// changes of its own, no redundancy and longer packets; crc it supports is never offered; every
+// mode of AMR-WB listed descending is every mode; AVPF only, reduced size.
+StreamCapabilities narrowFirst() {
+    AmrCodecCapabilities narrow = amrCaps(BandTypeNb, {7, 4, 2, 0});
+    narrow.setOctetAlignModeRequired(true);
+    narrow.setCrcModeSupport(true);
+    narrow.setRdcyModeSupport(false);
+    EXPECT_TRUE(narrow.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly).isSuccess());
+    EXPECT_TRUE(narrow.setModeChangePeriod(ModeChangePeriodEveryOtherFrame).isSuccess());
+    narrow.setModeChangeNeighborRequired(true);
+    narrow.setPacketTime(40);
+    narrow.setMaxPacketTime(200);
+    return phoneCaps(narrow, amrCaps(BandTypeWb, {8, 7, 6, 5, 4, 3, 2, 1, 0}), {RtpProfileAvpf},
+                     RtcpConfig(5000, 2500, 500, 30, true), false);
+}
+
 const OfferCase kOffers[] = {
-    // A phone's: every mode of both bands, each bandwidth-efficient then octet-aligned, events
-    // of both bands.
-    {[] { return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb)); },
-     "192.0.2.10",
-     49152,
-     {"-", 3034423619u, 1},
-     "offer-phone.sdp"},
-    // A narrow-band capability first, with some modes in another order, requiring octet-align,
-    // mode changes of its own, no redundancy and longer packets; crc it supports is never
-    // offered; every mode of AMR-WB listed descending is every mode; AVPF only, reduced size.
-    {[] {
-         AmrCodecCapabilities narrow = amrCaps(BandTypeNb, {7, 4, 2, 0});
-         narrow.setOctetAlignModeRequired(true);
-         narrow.setCrcModeSupport(true);
-         narrow.setRdcyModeSupport(false);
-         EXPECT_TRUE(narrow.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly).isSuccess());
-         EXPECT_TRUE(narrow.setModeChangePeriod(ModeChangePeriodEveryOtherFrame).isSuccess());
-         narrow.setModeChangeNeighborRequired(true);
-         narrow.setPacketTime(40);
-         narrow.setMaxPacketTime(200);
-         StreamCapabilities local;
-         local.addCodecCapabilities(narrow);
-         local.addCodecCapabilities(amrCaps(BandTypeWb, {8, 7, 6, 5, 4, 3, 2, 1, 0}));
-         DtmfCodecCapabilities events;
-         events.setBandType(BandTypeNb);
-         local.addCodecCapabilities(events);
-         local.addRtpProfile(RtpProfileAvpf);
-         RtcpConfig rtcp(5000, 2500, 500, 30, true);
-         local.setRtcpCaps(rtcp);
-         return local;
-     },
+    // Each AMR capability bandwidth-efficient, then octet-aligned; events of both bands.
+    {"offer-phone.sdp", "192.0.2.10", 49152, {"-", 3034423619u, 1}, anyAmr},
+    {"offer-narrow-first.sdp",
      "2001:db8::10",
      65535,
      {"alice", 0, 18446744073709551615u},
-     "offer-narrow-first.sdp"},
+     narrowFirst},
 };
 
 TEST(CreateOfferTest, OffersTheCapabilities) {
@@ -73,7 +60,7 @@ TEST(CreateOfferTest, RefusesWithoutAmrOrEndpoint) {
         {StreamCapabilities(), {"192.0.2.10", 49152, kNoCodec}},
         {eventsOnly, {"192.0.2.10", 49152, kNoCodec}}};
     for (const BadEndpoint& endpoint : kBadEndpoints) {
-        rows.emplace_back(phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb)), endpoint);
+        rows.emplace_back(anyAmr(), endpoint);
     }
     for (const auto& row : rows) {
         std::string offer = "left";

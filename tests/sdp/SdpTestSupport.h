@@ -149,15 +149,16 @@ inline AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes = {}) 
     return amr;
 }
 
-// A phone's: AMR-WB, then AMR, and telephone-event for both bands or the narrow one only.
-inline StreamCapabilities phoneCaps(const AmrCodecCapabilities& wide,
-                                    const AmrCodecCapabilities& narrow,
+// A phone's: two AMR capabilities (AMR-WB, then AMR), and telephone-event for both bands or the
+// narrow one only.
+inline StreamCapabilities phoneCaps(const AmrCodecCapabilities& first,
+                                    const AmrCodecCapabilities& second,
                                     std::vector<RtpProfile> profiles = {RtpProfileAvp,
                                                                         RtpProfileAvpf},
                                     RtcpConfig rtcp = RtcpConfig(), bool wideEvents = true) {
     StreamCapabilities local;
-    local.addCodecCapabilities(wide);
-    local.addCodecCapabilities(narrow);
+    local.addCodecCapabilities(first);
+    local.addCodecCapabilities(second);
     DtmfCodecCapabilities events;
     if (wideEvents) {
         local.addCodecCapabilities(events);
@@ -169,6 +170,11 @@ inline StreamCapabilities phoneCaps(const AmrCodecCapabilities& wide,
     }
     local.setRtcpCaps(rtcp);
     return local;
+}
+
+// Both bands, every mode, both profiles, default RTCP.
+inline StreamCapabilities anyAmr() {
+    return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb));
 }
 
 }  // namespace testing
