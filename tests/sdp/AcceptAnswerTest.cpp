@@ -16,7 +16,7 @@ const std::function<StreamConfig()> kAccepted[] = {
         DtmfCodecConfig events = dtmfCodec(BandTypeWb, 100);
         setPacketTimes({&amr, &events}, 40, 240);
         return placedStream("198.51.100.8", 30000, StreamConfig::DirectionReceiveOnly,
-                            {&amr, &events}, RtcpConfig(5000, 2000, 800, 64, true));
+                            {&amr, &events}, RtcpConfig(5000, 2000, 800, 64, false));
     },
     [] {
         const AmrCodecConfig amr =
@@ -41,15 +41,6 @@ TEST(AcceptAnswerTest, AcceptsAnswersThatKeepTheOffer) {
         EXPECT_EQ(rows[i].expected, sdp::acceptAnswer(kOffer, rows[i].text, negotiated).format());
         EXPECT_EQ(kAccepted[i]().toString(), negotiated.toString());
     }
-    // Reduced size only when both list it.
-    std::string offer = kOffer;
-    offer.erase(offer.find("a=rtcp-rsize\r\n"), 14);
-    StreamConfig negotiated, expected = kAccepted[0]();
-    RtcpConfig rtcp = expected.getRtcpConfig();
-    rtcp.setReducedSizeMode(false);
-    expected.setRtcpConfig(rtcp);
-    EXPECT_EQ("Success", sdp::acceptAnswer(offer, rows[0].text, negotiated).format());
-    EXPECT_EQ(expected.toString(), negotiated.toString());
 }
 
 // A refusal leaves the negotiated stream as it was; a fault in the offer names the offer's line.
@@ -69,7 +60,7 @@ TEST(AcceptAnswerTest, RefusesAnswersThatChangeTheOffer) {
 }
 
 // Both sides of one call: the answerer's stream, seen from the offerer's side with the
-// offerer's RTCP, is the offerer's.
+// offerer's RTCP, is the offerer's. Reduced size is on only when both sides have it on.
 TEST(AcceptAnswerTest, BothSidesAgree) {
     AmrCodecCapabilities octetAligned = amrCaps(BandTypeNb);
     octetAligned.setOctetAlignModeRequired(true);
@@ -83,6 +74,7 @@ TEST(AcceptAnswerTest, BothSidesAgree) {
          phoneCaps(octetAligned, octetAligned)},
         {phoneCaps(noRedundancy, amrCaps(BandTypeNb), {RtpProfileAvpf}, reducedSize),
          phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {RtpProfileAvpf}, reducedSize)},
+        {phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {}, reducedSize), anyAmr()},
     };
     for (const auto& call : kCalls) {
         std::string offer, answer;
