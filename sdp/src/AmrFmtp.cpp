@@ -115,8 +115,8 @@ bool AmrModes::isEveryMode(BandType band) const {
 }
 
 StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
-                                       AmrParameters& parameters) {
-    parameters = AmrParameters();
+                                       AmrParameters& out) {
+    out = AmrParameters();
     PieceCursor pieces(text, ';');
     std::string_view parameter;
     while (pieces.next(parameter)) {
@@ -136,62 +136,62 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
             case 8:
                 if (equalsIgnoreCase(name, "mode-set")) {
                     AmrModes modes;
-                    const StreamConfig::Result result = readModeSet(name, value, line, band, modes);
+                    StreamConfig::Result result = readModeSet(name, value, line, band, modes);
                     if (result.isFailure()) {
                         return result;
                     }
-                    parameters.modeSetText = value;
-                    parameters.modes = modes;
+                    out.modeSetText = value;
+                    out.modes = modes;
                 }
                 break;
             case 11:
                 if (equalsIgnoreCase(name, "octet-align")) {
-                    valid = readFlag(value, parameters.octetAlign);
-                    parameters.octetAlignText = value;
+                    valid = readFlag(value, out.octetAlign);
+                    out.octetAlignText = value;
                 }
                 break;
             case 18:
                 if (equalsIgnoreCase(name, "mode-change-period")) {
                     valid = readNumber(value, 1, 2, number);
-                    parameters.modeChangePeriod = number;
+                    out.modeChangePeriod = number;
                 }
                 break;
             case 22:
                 if (equalsIgnoreCase(name, "mode-change-capability")) {
-                    parameters.modeChangeCapability.reset();
+                    out.modeChangeCapability.reset();
                     if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
-                        parameters.modeChangeCapability = number;
+                        out.modeChangeCapability = number;
                     }
                 }
                 break;
             case 20:
                 if (equalsIgnoreCase(name, "mode-change-neighbor")) {
-                    valid = readFlag(value, parameters.modeChangeNeighbor);
+                    valid = readFlag(value, out.modeChangeNeighbor);
                 }
                 break;
             case 7:
                 if (equalsIgnoreCase(name, "max-red")) {
                     valid = readNumber(value, 0, kMaxRedundancy, number);
-                    parameters.maxRed = number;
+                    out.maxRed = number;
                 }
                 break;
             case 3:
                 if (equalsIgnoreCase(name, "crc")) {
-                    valid = readFlag(value, parameters.crc);
-                    parameters.crcText = value;
+                    valid = readFlag(value, out.crc);
+                    out.crcText = value;
                 }
                 break;
             case 14:
                 if (equalsIgnoreCase(name, "robust-sorting")) {
-                    valid = readFlag(value, parameters.robustSorting);
-                    parameters.robustSortingText = value;
+                    valid = readFlag(value, out.robustSorting);
+                    out.robustSortingText = value;
                 }
                 break;
             case 12:
                 if (equalsIgnoreCase(name, "interleaving")) {
                     valid = readNumber(value, 0, std::numeric_limits<uint32_t>::max(),
-                                       parameters.interleaving);
-                    parameters.interleavingText = value;
+                                       out.interleaving);
+                    out.interleavingText = value;
                 }
                 break;
             default:

@@ -240,7 +240,7 @@ StreamConfig::Result readFormats(RemoteMedia& remote) {
             classify(format);
         }
         if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
-            const StreamConfig::Result result =
+            StreamConfig::Result result =
                 readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr);
             if (result.isFailure()) {
                 return result;

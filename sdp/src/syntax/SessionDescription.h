@@ -30,7 +30,7 @@ struct MediaSection {
     // 0 for the first media section.
     unsigned index = 0;
 
-    LineCursor lines() const { return LineCursor(mBody, mBodyNumber); }
+    LineCursor lines() const { return {mBody, mBodyNumber}; }
     bool isActiveAudio() const { return type == "audio" && port != 0; }
 
   private:
@@ -62,9 +62,9 @@ class Description {
     static StreamConfig::Result parse(std::string_view text, Description& out);
 
     // The session-level lines, v= included.
-    LineCursor sessionLines() const { return LineCursor(mSession, 1); }
+    LineCursor sessionLines() const { return {mSession, 1}; }
     SectionCursor sections() const {
-        return SectionCursor(mText.substr(mSession.size()), mFirstMediaNumber, mSectionCount);
+        return {mText.substr(mSession.size()), mFirstMediaNumber, mSectionCount};
     }
     // The media section at index; false when there is none.
     bool section(unsigned index, MediaSection& section) const;
