@@ -1,26 +1,49 @@
-// Descriptions as text, and the codecs and streams the tests of runesdp expect.
+// Descriptions as text, and the codecs, capabilities and streams the tests of runesdp expect.
 #ifndef VELMORA_TESTS_SDP_SDP_TEST_SUPPORT_H
 #define VELMORA_TESTS_SDP_SDP_TEST_SUPPORT_H
 
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/Dtmf.h>
+#include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
 
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <vector>
 
 namespace velmora {
 namespace testing {
 
-// The lines, each ended by lineEnd.
-inline std::string sdpText(std::initializer_list<const char*> lines, const char* lineEnd = "\r\n") {
+using namespace rune;
+
+// tests/sdp/data/name, its lines ended by lineEnd.
+std::string dataText(const std::string& name, const char* lineEnd = "\r\n");
+
+// message, followed by the context of line number of text, as format() writes it.
+std::string refusal(const std::string& message, const std::string& text, int number);
+
+struct Case {
+    // The result's format().
+    std::string expected;
+    std::string text;
+};
+
+// The cases of tests/sdp/data/name (the form is described in read-refusals.txt there).
+std::vector<Case> dataCases(const std::string& name);
+
+// GStreamer reads body (a whole description, or a media section after a session header) as the
+// same fields, in the same order. Does nothing on builds without GStreamer.
+void expectOthersReadAlike(const std::string& body);
+
+// The lines, each ended by CRLF.
+inline std::string sdpText(std::initializer_list<const char*> lines) {
     std::string text;
     for (const char* line : lines) {
-        text.append(line).append(lineEnd);
+        text.append(line).append("\r\n");
     }
     return text;
 }
@@ -31,48 +54,61 @@ inline std::string offer(std::initializer_list<const char*> media) {
            sdpText(media);
 }
 
+// Local endpoints the model refuses, and its refusal.
+struct BadEndpoint {
+    const char* ip;
+    int port;
+    const char* refusal;
+};
+const BadEndpoint kBadEndpoints[] = {
+    {"1.2.3.4\r\na=injected", 49152,
+     "Invalid Param (Code 1002): Invalid internet address : 1.2.3.4\r\na=injected"},
+    {"", 49152, "Invalid Param (Code 1002): Invalid internet address : "},
+    {"192.0.2.10", -5, "Invalid Param (Code 1002): Invalid socket port: -5"},
+    {"192.0.2.10", 0, "Invalid Param (Code 1002): Invalid socket port: 0"},
+    {"192.0.2.10", 65536, "Invalid Param (Code 1002): Invalid socket port: 65536"},
+};
+
 // The AMR options an AmrCodecConfig may have on, besides redundancy.
 const int kOctetAlign = 1, kCrc = 2, kRobustSorting = 4, kInterleaving = 8, kPeriodTwo = 16;
 const int kNeighbor = 32, kEveryOption = 63;
 
 // The rates in order, or every mode of the band when none are given; the options of the mask
 // on; redundancy on when maxRed is not 0.
-inline rune::AmrCodecConfig amrCodec(rune::BandType band, int payloadType,
-                                     std::vector<int> rates = {}, int options = 0, int maxRed = 0) {
-    rune::AmrCodecConfig amr;
+inline AmrCodecConfig amrCodec(BandType band, int payloadType, std::vector<int> rates = {},
+                               int options = 0, int maxRed = 0) {
+    AmrCodecConfig amr;
     EXPECT_TRUE(amr.setBandType(band).isSuccess());
     amr.setPayloadType(payloadType);
-    for (int rate = 0; rates.empty() && rate <= (band == rune::BandTypeNb ? 7 : 8); ++rate) {
-        EXPECT_TRUE(amr.addAmrRate(static_cast<rune::AmrRate>(rate)).isSuccess());
+    for (int rate = 0; rates.empty() && rate <= (band == BandTypeNb ? 7 : 8); ++rate) {
+        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
     }
     for (int rate : rates) {
-        EXPECT_TRUE(amr.addAmrRate(static_cast<rune::AmrRate>(rate)).isSuccess());
+        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
     }
     amr.setOctetAlignMode((options & kOctetAlign) != 0);
     amr.setCrcMode((options & kCrc) != 0);
     amr.setRobustSortingMode((options & kRobustSorting) != 0);
     amr.setInterleavingMode((options & kInterleaving) != 0);
-    amr.setModeChangePeriod((options & kPeriodTwo) != 0 ? rune::ModeChangePeriodEveryOtherFrame
-                                                        : rune::ModeChangePeriodAnyFrame);
+    amr.setModeChangePeriod((options & kPeriodTwo) != 0 ? ModeChangePeriodEveryOtherFrame
+                                                        : ModeChangePeriodAnyFrame);
     amr.setModeChangeNeighbor((options & kNeighbor) != 0);
-    if (maxRed != 0) {
-        amr.setRdcyMode(true);
-        amr.setMaxRdcy(maxRed);
-    }
+    amr.setRdcyMode(maxRed != 0);
+    amr.setMaxRdcy(maxRed != 0 ? maxRed : amr.getMaxRdcy());
     return amr;
 }
 
-inline rune::DtmfCodecConfig dtmfCodec(rune::BandType band, int payloadType) {
-    rune::DtmfCodecConfig dtmf;
+inline DtmfCodecConfig dtmfCodec(BandType band, int payloadType) {
+    DtmfCodecConfig dtmf;
     EXPECT_TRUE(dtmf.setBandType(band).isSuccess());
     dtmf.setPayloadType(payloadType);
     return dtmf;
 }
 
 // Both packet times of every codec.
-inline void setPacketTimes(const std::vector<rune::CodecConfig*>& codecs, unsigned int packetTime,
+inline void setPacketTimes(const std::vector<CodecConfig*>& codecs, unsigned int packetTime,
                            unsigned int maxPacketTime) {
-    for (rune::CodecConfig* codec : codecs) {
+    for (CodecConfig* codec : codecs) {
         codec->setPacketTime(packetTime);
         codec->setMaxPacketTime(maxPacketTime);
     }
@@ -80,27 +116,76 @@ inline void setPacketTimes(const std::vector<rune::CodecConfig*>& codecs, unsign
 
 // A stream with the codecs where the reader places them: on each active direction, on the
 // downlink when neither is active.
-inline rune::StreamConfig placedStream(const std::string& ip, int port,
-                                       rune::StreamConfig::Direction direction,
-                                       const std::vector<const rune::CodecConfig*>& codecs,
-                                       const rune::RtcpConfig& rtcp = rune::RtcpConfig()) {
-    rune::StreamConfig stream;
+inline StreamConfig placedStream(const std::string& ip, int port, StreamConfig::Direction direction,
+                                 const std::vector<const CodecConfig*>& codecs,
+                                 const RtcpConfig& rtcp = RtcpConfig()) {
+    StreamConfig stream;
     EXPECT_TRUE(stream.setRemoteIp(ip).isSuccess());
     EXPECT_TRUE(stream.setRemoteRtpPort(port).isSuccess());
     EXPECT_TRUE(stream.setDirection(direction).isSuccess());
-    for (const rune::CodecConfig* codec : codecs) {
-        if (stream.hasUplink()) {
-            EXPECT_TRUE(stream.addUplinkCodec(*codec).isSuccess());
-        }
-        if (stream.hasDownlink() || !stream.hasUplink()) {
-            EXPECT_TRUE(stream.addDownlinkCodec(*codec).isSuccess());
-        }
+    for (const CodecConfig* codec : codecs) {
+        EXPECT_TRUE(!stream.hasUplink() || stream.addUplinkCodec(*codec).isSuccess());
+        EXPECT_TRUE((stream.hasUplink() && !stream.hasDownlink()) ||
+                    stream.addDownlinkCodec(*codec).isSuccess());
     }
     stream.setRtcpConfig(rtcp);
     return stream;
 }
 
+// The direction of the other side.
+inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
+    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
+           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
+                                                             : direction;
+}
+
+// Listing no mode supports every mode.
+inline AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes = {}) {
+    AmrCodecCapabilities amr;
+    amr.setBandType(band);
+    for (int mode : modes) {
+        EXPECT_TRUE(amr.addSupportedAmrRate(static_cast<AmrRate>(mode)).isSuccess());
+    }
+    return amr;
+}
+
+// A phone's: two AMR capabilities (AMR-WB, then AMR), and telephone-event for both bands or the
+// narrow one only.
+inline StreamCapabilities phoneCaps(const AmrCodecCapabilities& first,
+                                    const AmrCodecCapabilities& second,
+                                    std::vector<RtpProfile> profiles = {RtpProfileAvp,
+                                                                        RtpProfileAvpf},
+                                    RtcpConfig rtcp = RtcpConfig(), bool wideEvents = true) {
+    StreamCapabilities local;
+    local.addCodecCapabilities(first);
+    local.addCodecCapabilities(second);
+    DtmfCodecCapabilities events;
+    if (wideEvents) {
+        local.addCodecCapabilities(events);
+    }
+    events.setBandType(BandTypeNb);
+    local.addCodecCapabilities(events);
+    for (RtpProfile profile : profiles) {
+        local.addRtpProfile(profile);
+    }
+    local.setRtcpCaps(rtcp);
+    return local;
+}
+
+// Both bands, every mode, both profiles, default RTCP.
+inline StreamCapabilities anyAmr() {
+    return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb));
+}
+
 }  // namespace testing
+
+namespace rune {
+namespace sdp {
+inline void PrintTo(const SkippedFormat& format, std::ostream* out) {
+    *out << format.payloadType << " \"" << format.encoding << '"';
+}
+}  // namespace sdp
+}  // namespace rune
 }  // namespace velmora
 
 #endif  // VELMORA_TESTS_SDP_SDP_TEST_SUPPORT_H

@@ -1,0 +1,101 @@
+#include "SdpTestSupport.h"
+
+#include <functional>
+
+using namespace velmora::testing;
+
+namespace {
+
+const std::string kOffer = dataText("accept-offer.sdp");
+
+// The stream of each case of accept-answers.txt.
+const std::function<StreamConfig()> kAccepted[] = {
+    [] {
+        AmrCodecConfig amr =
+            amrCodec(BandTypeWb, 97, {2, 1}, kOctetAlign | kPeriodTwo | kNeighbor, 100);
+        DtmfCodecConfig events = dtmfCodec(BandTypeWb, 100);
+        setPacketTimes({&amr, &events}, 40, 240);
+        return placedStream("198.51.100.8", 30000, StreamConfig::DirectionReceiveOnly,
+                            {&amr, &events}, RtcpConfig(5000, 2000, 800, 64, false));
+    },
+    [] {
+        const AmrCodecConfig amr =
+            amrCodec(BandTypeNb, 98, {}, kOctetAlign | kCrc | kRobustSorting | kInterleaving);
+        const DtmfCodecConfig events = dtmfCodec(BandTypeNb, 101);
+        return placedStream("192.0.2.1", 30000, StreamConfig::DirectionFullDuplex, {&amr, &events},
+                            RtcpConfig(5000, 2000, 800, 64, false));
+    },
+    [] {
+        const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 1, 2});
+        return placedStream("192.0.2.1", 30000, StreamConfig::DirectionSendOnly, {&amr},
+                            RtcpConfig(5000, 2000, 800, 64, false));
+    },
+};
+
+TEST(AcceptAnswerTest, AcceptsAnswersThatKeepTheOffer) {
+    const std::vector<Case> rows = dataCases("accept-answers.txt");
+    ASSERT_EQ(std::size(kAccepted), rows.size());
+    for (size_t i = 0; i < rows.size(); ++i) {
+        SCOPED_TRACE(rows[i].text);
+        StreamConfig negotiated;
+        EXPECT_EQ(rows[i].expected, sdp::acceptAnswer(kOffer, rows[i].text, negotiated).format());
+        EXPECT_EQ(kAccepted[i]().toString(), negotiated.toString());
+    }
+}
+
+// A refusal leaves the negotiated stream as it was; a fault in the offer names the offer's line.
+TEST(AcceptAnswerTest, RefusesAnswersThatChangeTheOffer) {
+    StreamConfig before;
+    ASSERT_TRUE(before.setRemoteRtpPort(50000).isSuccess());
+    const std::vector<Case> rows = dataCases("accept-refusals.txt");
+    for (const Case& row : rows) {
+        SCOPED_TRACE(row.text);
+        StreamConfig negotiated = before;
+        EXPECT_EQ(row.expected, sdp::acceptAnswer(kOffer, row.text, negotiated).format());
+        EXPECT_EQ(before.toString(), negotiated.toString());
+    }
+    const std::string badOffer = kOffer + "b=AS:x\r\n";
+    EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad bandwidth value: AS:x", badOffer, 24),
+              sdp::acceptAnswer(badOffer, rows[0].text, before).format());
+}
+
+// Both sides of one call: the answerer's stream, seen from the offerer's side with the
+// offerer's RTCP, is the offerer's. Reduced size is on only when both sides have it on.
+TEST(AcceptAnswerTest, BothSidesAgree) {
+    AmrCodecCapabilities octetAligned = amrCaps(BandTypeNb);
+    octetAligned.setOctetAlignModeRequired(true);
+    octetAligned.setMaxSupportedRdcy(40);
+    AmrCodecCapabilities noRedundancy = amrCaps(BandTypeWb);
+    noRedundancy.setRdcyModeSupport(false);
+    const RtcpConfig reducedSize(5000, 1000, 400, 40, true);
+    const std::pair<StreamCapabilities, StreamCapabilities> kCalls[] = {
+        {anyAmr(), anyAmr()},
+        {phoneCaps(amrCaps(BandTypeNb, {7, 4, 2, 0}), amrCaps(BandTypeNb)),
+         phoneCaps(octetAligned, octetAligned)},
+        {phoneCaps(noRedundancy, amrCaps(BandTypeNb), {RtpProfileAvpf}, reducedSize),
+         phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {RtpProfileAvpf}, reducedSize)},
+        {phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb), {}, reducedSize), anyAmr()},
+    };
+    for (const auto& call : kCalls) {
+        std::string offer, answer;
+        StreamConfig offerer, answerer;
+        EXPECT_EQ("Success",
+                  sdp::createOffer(call.first, "192.0.2.10", 49152, {"-", 1, 1}, offer).format());
+        EXPECT_EQ("Success", sdp::answerOffer(offer, call.second, "198.51.100.7", 30000,
+                                              {"-", 2, 1}, answerer, answer)
+                                 .format());
+        EXPECT_EQ("Success", sdp::acceptAnswer(offer, answer, offerer).format());
+        SCOPED_TRACE(offer + answer);
+        StreamConfig seen = answerer;
+        EXPECT_TRUE(seen.setRemoteIp("198.51.100.7").isSuccess());
+        EXPECT_TRUE(seen.setRemoteRtpPort(30000).isSuccess());
+        EXPECT_TRUE(seen.setDirection(mirrored(answerer.getDirection())).isSuccess());
+        RtcpConfig rtcp = call.first.getRTCPcaps();
+        rtcp.setReducedSizeMode(answerer.getRtcpConfig().isReducedSizeMode());
+        seen.setRtcpConfig(rtcp);
+        EXPECT_EQ(seen.toString(), offerer.toString());
+        EXPECT_NE(StreamConfig().toString(), offerer.toString());
+    }
+}
+
+}  // namespace
