@@ -23,7 +23,7 @@ bool readInput(const std::string& path, std::string& text) {
     int error = file == nullptr ? errno : 0;
     if (file != nullptr) {
         text.resize(kInputLimit);
-        text.resize(std::fread(&text[0], 1, kInputLimit, file));
+        text.resize(std::fread(text.data(), 1, kInputLimit, file));
         if (std::ferror(file) != 0) {
             error = errno;
         }
