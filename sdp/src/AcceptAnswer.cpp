@@ -20,8 +20,8 @@ namespace {
 // What this side keeps of the answer.
 struct Choice {
     const RemoteFormat* amr = nullptr;
-    AmrParameters offered;
-    AmrParameters answered;
+    const AmrParameters* offered = nullptr;
+    const AmrParameters* answered = nullptr;
     // Null when there is none to keep.
     const RemoteFormat* events = nullptr;
 };
@@ -43,9 +43,9 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
         if (offered == nullptr) {
             continue;
         }
-        choice.offered = offered->amrParameters();
-        choice.answered = format.amrParameters();
-        if (keepsOffer(choice.offered, choice.answered)) {
+        if (keepsOffer(offered->amr, format.amr)) {
+            choice.offered = &offered->amr;
+            choice.answered = &format.amr;
             choice.amr = &format;
             break;
         }
@@ -118,9 +118,9 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
         if (&format == choice.amr) {
             // The answered mode-set, else the offered one, else every mode of the band.
             const AmrModes& modes =
-                choice.answered.modeSetText ? choice.answered.modes : choice.offered.modes;
+                choice.answered->modeSetText ? choice.answered->modes : choice.offered->modes;
             AmrCodecConfig amr;
-            configureAmr(choice.answered, modes, format.band, format.payloadType, amr);
+            configureAmr(*choice.answered, modes, format.band, format.payloadType, amr);
             placeCodec(amr, packetTime, maxPacketTime, stream);
         } else if (&format == choice.events) {
             DtmfCodecConfig dtmf = telephoneEvent(format);

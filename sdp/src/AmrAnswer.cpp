@@ -12,19 +12,20 @@ namespace {
 const int kMaxRedundancy = 65535;
 const uint32_t kEveryOtherFrame = 2;
 
-bool listsMode(const AmrCodecCapabilities& local, AmrRate rate) {
+// The modes local lists, one bit each.
+unsigned listedModes(const AmrCodecCapabilities& local) {
+    unsigned listed = 0;
     for (unsigned int i = 0; i < local.getSupportedAmrRateCount(); ++i) {
-        if (local.getSupportedAmrRate(i) == rate) {
-            return true;
-        }
+        const AmrRate rate = local.getSupportedAmrRate(i);
+        listed |= rate >= AmrRate0 && rate <= AmrRate8 ? 1U << static_cast<unsigned>(rate) : 0U;
     }
-    return false;
+    return listed;
 }
 
 // An empty list supports every mode of the band.
-bool supportsMode(const AmrCodecCapabilities& local, BandType band, AmrRate rate) {
+bool supportsMode(unsigned listed, BandType band, AmrRate rate) {
     return rate >= AmrRate0 && rate <= lastMode(band) &&
-           (local.getSupportedAmrRateCount() == 0 || listsMode(local, rate));
+           (listed == 0 || (listed & (1U << static_cast<unsigned>(rate))) != 0);
 }
 
 // 0 when local supports no redundancy.
@@ -44,8 +45,9 @@ AmrModes answeredModes(const AmrCodecCapabilities& local, BandType band,
         return offered.modes;
     }
     AmrModes modes;
+    const unsigned listed = listedModes(local);
     for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
-        if (listsMode(local, static_cast<AmrRate>(mode))) {
+        if ((listed & (1U << static_cast<unsigned>(mode))) != 0) {
             modes.add(static_cast<AmrRate>(mode));
         }
     }
@@ -63,8 +65,9 @@ bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParam
     if (local.getBandType() != band) {
         return false;
     }
+    const unsigned listed = offered.modeSetText ? listedModes(local) : 0;
     for (unsigned i = 0; offered.modeSetText && i < offered.modes.count; ++i) {
-        if (!supportsMode(local, band, offered.modes.modes[i])) {
+        if (!supportsMode(listed, band, offered.modes.modes[i])) {
             return false;
         }
     }

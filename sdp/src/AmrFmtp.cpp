@@ -55,6 +55,16 @@ StreamConfig::Result readModeSet(std::string_view name, std::string_view value, 
     return StreamConfig::Result::success();
 }
 
+// A default configuration of band with every mode of the band, ascending.
+AmrCodecConfig everyModeConfig(BandType band) {
+    AmrCodecConfig config;
+    (void)config.setBandType(band);
+    for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
+        (void)config.addAmrRate(static_cast<AmrRate>(mode));
+    }
+    return config;
+}
+
 void writeModes(LineWriter& writer, const AmrModes& modes) {
     for (unsigned i = 0; i < modes.count; ++i) {
         writer.text(i == 0 ? "" : ",").number(static_cast<uint64_t>(modes.modes[i]));
@@ -73,18 +83,10 @@ AmrRate lastMode(BandType band) {
     return band == BandTypeNb ? AmrRate7 : AmrRate8;
 }
 
-bool AmrModes::contains(AmrRate mode) const {
-    for (unsigned i = 0; i < count; ++i) {
-        if (modes[i] == mode) {
-            return true;
-        }
-    }
-    return false;
-}
-
 void AmrModes::add(AmrRate mode) {
     if (!contains(mode) && count < modes.size()) {
         modes[count++] = mode;
+        listed |= 1U << static_cast<unsigned>(mode);
     }
 }
 
@@ -114,7 +116,7 @@ bool AmrModes::isEveryMode(BandType band) const {
 
 StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
                                        AmrParameters& out) {
-    AmrParameters parameters;
+    out = AmrParameters();
     PieceCursor pieces(text, ';');
     std::string_view parameter;
     while (pieces.next(parameter)) {
@@ -129,61 +131,90 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
                                            : trim(parameter.substr(equals + 1));
         bool valid = true;
         uint32_t number = 0;
-        if (equalsIgnoreCase(name, "mode-set")) {
-            AmrModes modes;
-            const StreamConfig::Result result = readModeSet(name, value, line, band, modes);
-            if (result.isFailure()) {
-                return result;
-            }
-            parameters.modeSetText = value;
-            parameters.modes = modes;
-        } else if (equalsIgnoreCase(name, "octet-align")) {
-            valid = readFlag(value, parameters.octetAlign);
-            parameters.octetAlignText = value;
-        } else if (equalsIgnoreCase(name, "mode-change-period")) {
-            valid = readNumber(value, 1, 2, number);
-            parameters.modeChangePeriod = number;
-        } else if (equalsIgnoreCase(name, "mode-change-capability")) {
-            parameters.modeChangeCapability.reset();
-            if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
-                parameters.modeChangeCapability = number;
-            }
-        } else if (equalsIgnoreCase(name, "mode-change-neighbor")) {
-            valid = readFlag(value, parameters.modeChangeNeighbor);
-        } else if (equalsIgnoreCase(name, "max-red")) {
-            valid = readNumber(value, 0, kMaxRedundancy, number);
-            parameters.maxRed = number;
-        } else if (equalsIgnoreCase(name, "crc")) {
-            valid = readFlag(value, parameters.crc);
-            parameters.crcText = value;
-        } else if (equalsIgnoreCase(name, "robust-sorting")) {
-            valid = readFlag(value, parameters.robustSorting);
-            parameters.robustSortingText = value;
-        } else if (equalsIgnoreCase(name, "interleaving")) {
-            valid =
-                readNumber(value, 0, std::numeric_limits<uint32_t>::max(), parameters.interleaving);
-            parameters.interleavingText = value;
+        // The known names differ in length: one comparison finds the name.
+        switch (name.size()) {
+            case 8:
+                if (equalsIgnoreCase(name, "mode-set")) {
+                    AmrModes modes;
+                    StreamConfig::Result result = readModeSet(name, value, line, band, modes);
+                    if (result.isFailure()) {
+                        return result;
+                    }
+                    out.modeSetText = value;
+                    out.modes = modes;
+                }
+                break;
+            case 11:
+                if (equalsIgnoreCase(name, "octet-align")) {
+                    valid = readFlag(value, out.octetAlign);
+                    out.octetAlignText = value;
+                }
+                break;
+            case 18:
+                if (equalsIgnoreCase(name, "mode-change-period")) {
+                    valid = readNumber(value, 1, 2, number);
+                    out.modeChangePeriod = number;
+                }
+                break;
+            case 22:
+                if (equalsIgnoreCase(name, "mode-change-capability")) {
+                    out.modeChangeCapability.reset();
+                    if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
+                        out.modeChangeCapability = number;
+                    }
+                }
+                break;
+            case 20:
+                if (equalsIgnoreCase(name, "mode-change-neighbor")) {
+                    valid = readFlag(value, out.modeChangeNeighbor);
+                }
+                break;
+            case 7:
+                if (equalsIgnoreCase(name, "max-red")) {
+                    valid = readNumber(value, 0, kMaxRedundancy, number);
+                    out.maxRed = number;
+                }
+                break;
+            case 3:
+                if (equalsIgnoreCase(name, "crc")) {
+                    valid = readFlag(value, out.crc);
+                    out.crcText = value;
+                }
+                break;
+            case 14:
+                if (equalsIgnoreCase(name, "robust-sorting")) {
+                    valid = readFlag(value, out.robustSorting);
+                    out.robustSortingText = value;
+                }
+                break;
+            case 12:
+                if (equalsIgnoreCase(name, "interleaving")) {
+                    valid = readNumber(value, 0, std::numeric_limits<uint32_t>::max(),
+                                       out.interleaving);
+                    out.interleavingText = value;
+                }
+                break;
+            default:
+                break;
         }
         if (!valid) {
             return badValue(line, name, value);
         }
     }
-    out = parameters;
     return StreamConfig::Result::success();
 }
 
 void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandType band,
                   int payloadType, AmrCodecConfig& config) {
-    config = AmrCodecConfig();
-    (void)config.setBandType(band);
+    // Copying a configuration of every mode costs less than adding the modes one by one.
+    static const AmrCodecConfig narrow = everyModeConfig(BandTypeNb);
+    static const AmrCodecConfig wide = everyModeConfig(BandTypeWb);
+    config = band == BandTypeNb ? narrow : wide;
     config.setPayloadType(payloadType);
-    if (modes.count > 0) {
+    if (modes.count > 0 && !modes.isEveryMode(band)) {
+        config.clearAmrRateVector();
         for (unsigned i = 0; i < modes.count; ++i) {
             (void)config.addAmrRate(modes.modes[i]);
-        }
-    } else {
-        for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
-            (void)config.addAmrRate(static_cast<AmrRate>(mode));
         }
     }
     config.setOctetAlignMode(parameters.isOctetAligned());

@@ -26,8 +26,12 @@ AmrRate lastMode(BandType band);
 struct AmrModes {
     std::array<AmrRate, AmrRate8 + 1> modes{};
     unsigned count = 0;
+    // One bit per mode listed.
+    unsigned listed = 0;
 
-    bool contains(AmrRate mode) const;
+    bool contains(AmrRate mode) const {
+        return (listed & (1U << static_cast<unsigned>(mode))) != 0;
+    }
     // Nothing when mode is listed already.
     void add(AmrRate mode);
     bool operator==(const AmrModes& other) const;
@@ -65,7 +69,8 @@ struct AmrParameters {
 };
 
 // Reads the parameters of an fmtp line of band (text: what follows the payload type). A value
-// out of its range, a mode outside the band among them, is refused in the order written.
+// out of its range, a mode outside the band among them, is refused in the order written; out is
+// complete only on success.
 StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
                                        AmrParameters& out);
 

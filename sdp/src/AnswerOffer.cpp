@@ -21,7 +21,6 @@ namespace {
 // What the answer keeps of the offer.
 struct Choice {
     const RemoteFormat* amr = nullptr;
-    AmrParameters amrParameters;
     // The local capability that accepted amr.
     const AmrCodecCapabilities* amrCaps = nullptr;
     // Null when there is none to keep.
@@ -63,8 +62,7 @@ bool choose(const RemoteMedia& remote, const StreamCapabilities& local, Choice& 
         if (format.kind != RemoteFormat::Amr) {
             continue;
         }
-        choice.amrParameters = format.amrParameters();
-        choice.amrCaps = acceptingCaps(local, format.band, choice.amrParameters);
+        choice.amrCaps = acceptingCaps(local, format.band, format.amr);
         if (choice.amrCaps != nullptr) {
             choice.amr = &format;
             break;
@@ -74,12 +72,12 @@ bool choose(const RemoteMedia& remote, const StreamCapabilities& local, Choice& 
         return false;
     }
     const BandType band = choice.amr->band;
-    if (hasEvents(local, band)) {
-        const RemoteFormat* events =
-            std::find_if(remote.begin(), remote.end(), [band](const RemoteFormat& format) {
-                return format.kind == RemoteFormat::TelephoneEvent && format.band == band;
-            });
-        choice.events = events == remote.end() ? nullptr : events;
+    for (const RemoteFormat& format : remote) {
+        if (format.kind == RemoteFormat::TelephoneEvent && format.band == band &&
+            hasEvents(local, band)) {
+            choice.events = &format;
+            break;
+        }
     }
     return true;
 }
@@ -142,8 +140,7 @@ void negotiate(const RemoteMedia& remote, const StreamCapabilities& local, const
     for (const RemoteFormat& format : remote) {
         if (&format == choice.amr) {
             AmrCodecConfig amr;
-            negotiateAmr(*choice.amrCaps, format.band, format.payloadType, choice.amrParameters,
-                         amr);
+            negotiateAmr(*choice.amrCaps, format.band, format.payloadType, choice.amr->amr, amr);
             placeCodec(amr, packetTime, maxPacketTime, stream);
         } else if (&format == choice.events) {
             DtmfCodecConfig dtmf = telephoneEvent(format);
@@ -180,7 +177,7 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
     writer.sessionPart(origin, localIp, timing(offer));
     SectionCursor sections = offer.sections();
     MediaSection section;
-    const AmrFmtpText fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amrParameters);
+    const AmrFmtpText fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
     while (sections.next(section)) {
         if (section.index == remote.section.index) {
             writeStreamMedia(writer, stream, localIp, localPort, &fmtp);

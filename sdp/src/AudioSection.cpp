@@ -4,6 +4,7 @@
 
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace velmora {
@@ -52,6 +53,12 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                                       std::array<uint8_t, kMaxPayloadType + 1>& index) {
     index.fill(kUnlisted);
     std::string_view tokens = section.formats;
+    size_t count = 0;
+    for (std::string_view rest = tokens; !nextField(rest).empty();) {
+        ++count;
+    }
+    // At most one of each payload type: the room is bounded whatever the line's length.
+    remote.formats.reserve(std::min<size_t>(count, kMaxPayloadType + 1));
     for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
         uint64_t payloadType;
         if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
@@ -64,10 +71,9 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                              "A codec with the same payload type ", payloadType,
                              " is already present");
         }
-        index[payloadType] = static_cast<uint8_t>(remote.formatCount);
-        RemoteFormat& format = remote.formats[remote.formatCount++];
-        format = RemoteFormat();
-        format.payloadType = static_cast<int>(payloadType);
+        index[payloadType] = static_cast<uint8_t>(remote.formats.size());
+        remote.formats.emplace_back();
+        remote.formats.back().payloadType = static_cast<int>(payloadType);
     }
     return StreamConfig::Result::success();
 }
@@ -229,15 +235,13 @@ StreamConfig::Result readAddress(const Line& connection, RemoteMedia& remote) {
 }
 
 StreamConfig::Result readFormats(RemoteMedia& remote) {
-    for (unsigned i = 0; i < remote.formatCount; ++i) {
-        RemoteFormat& format = remote.formats[i];
+    for (RemoteFormat& format : remote.formats) {
         if (format.encoding.data() != nullptr) {
             classify(format);
         }
-        AmrParameters unused;
         if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
-            const StreamConfig::Result result =
-                readAmrParameters(format.fmtpText, format.fmtp, format.band, unused);
+            StreamConfig::Result result =
+                readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr);
             if (result.isFailure()) {
                 return result;
             }
@@ -247,14 +251,6 @@ StreamConfig::Result readFormats(RemoteMedia& remote) {
 }
 
 }  // namespace
-
-AmrParameters RemoteFormat::amrParameters() const {
-    AmrParameters parameters;
-    if (fmtp.exists()) {
-        (void)readAmrParameters(fmtpText, fmtp, band, parameters);
-    }
-    return parameters;
-}
 
 const RemoteFormat* RemoteMedia::find(int payloadType) const {
     for (const RemoteFormat& format : *this) {
@@ -276,7 +272,7 @@ bool qualifies(const MediaSection& section) {
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
                                  RemoteMedia& out) {
     out.section = section;
-    out.formatCount = 0;
+    out.formats.clear();
     out.reducedSize = false;
     out.packetTime.reset();
     out.maxPacketTime.reset();

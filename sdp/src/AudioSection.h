@@ -11,11 +11,11 @@
 #include "AmrFmtp.h"
 #include "syntax/SessionDescription.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmora {
 namespace rune {
@@ -36,8 +36,8 @@ struct RemoteFormat {
     Line fmtp;
     std::string_view fmtpText;
 
-    // The AMR parameters, read before without a refusal; every default without an a=fmtp.
-    AmrParameters amrParameters() const;
+    // For AMR: the parameters of the a=fmtp; every default without one.
+    AmrParameters amr;
 };
 
 struct RemoteMedia {
@@ -57,11 +57,11 @@ struct RemoteMedia {
     std::optional<uint32_t> packetTime;
     std::optional<uint32_t> maxPacketTime;
     // In m= order; a payload type is listed once at most.
-    std::array<RemoteFormat, kMaxPayloadType + 1> formats;
-    unsigned formatCount = 0;
+    std::vector<RemoteFormat> formats;
 
-    const RemoteFormat* begin() const { return formats.data(); }
-    const RemoteFormat* end() const { return formats.data() + formatCount; }
+    std::vector<RemoteFormat>::const_iterator begin() const { return formats.begin(); }
+    std::vector<RemoteFormat>::const_iterator end() const { return formats.end(); }
+
     // Null when the m= line does not list payloadType.
     const RemoteFormat* find(int payloadType) const;
 };

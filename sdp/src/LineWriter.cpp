@@ -7,6 +7,7 @@
 #include "internal/Results.h"
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace velmora {
@@ -68,21 +69,28 @@ AmrFmtpText configuredFmtp(const AmrCodecConfig& amr) {
 
 }  // namespace
 
-LineWriter& LineWriter::text(std::string_view text) {
-    mOut.append(text.data(), text.size());
-    return *this;
+LineWriter::LineWriter(std::string& out) : mOut(out), mSize(out.size()) {
+    mOut.resize(mOut.capacity());
+}
+
+LineWriter::~LineWriter() {
+    mOut.resize(mSize);
+}
+
+void LineWriter::grow(size_t more) {
+    mOut.resize(std::max(2 * mOut.size(), mSize + more));
 }
 
 LineWriter& LineWriter::number(uint64_t number) {
     char digits[20];
     const std::to_chars_result written = std::to_chars(digits, digits + sizeof digits, number);
-    mOut.append(digits, static_cast<size_t>(written.ptr - digits));
-    return *this;
+    return text(std::string_view(digits, static_cast<size_t>(written.ptr - digits)));
 }
 
 LineWriter& LineWriter::token(std::string_view token) {
-    appendQuoted(mOut, token);
-    return *this;
+    std::string quoted;
+    appendQuoted(quoted, token);
+    return text(quoted);
 }
 
 LineWriter& LineWriter::integer(int64_t number) {
@@ -94,7 +102,7 @@ LineWriter& LineWriter::integer(int64_t number) {
 }
 
 void LineWriter::end() {
-    mOut.append("\r\n", 2);
+    text("\r\n");
 }
 
 void LineWriter::sessionPart(const Origin& origin, std::string_view address,

@@ -16,11 +16,23 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
+// Writes into the room the string has, growing it only when that runs out; the string gets its
+// final length when the writer goes.
 class LineWriter {
   public:
-    explicit LineWriter(std::string& out) : mOut(out) {}
+    explicit LineWriter(std::string& out);
+    LineWriter(const LineWriter&) = delete;
+    LineWriter& operator=(const LineWriter&) = delete;
+    ~LineWriter();
 
-    LineWriter& text(std::string_view text);
+    LineWriter& text(std::string_view text) {
+        if (mSize + text.size() > mOut.size()) {
+            grow(text.size());
+        }
+        text.copy(&mOut[mSize], text.size());
+        mSize += text.size();
+        return *this;
+    }
     LineWriter& number(uint64_t number);
     LineWriter& integer(int64_t number);
     // Untrusted text, quoted as refusals quote it.
@@ -46,7 +58,11 @@ class LineWriter {
     void direction(StreamConfig::Direction direction);
 
   private:
+    void grow(size_t more);
+
     std::string& mOut;
+    // What is written so far; the rest of mOut is room.
+    size_t mSize;
 };
 
 // What a body written for sending starts from: room for a whole answer to a usual offer.

@@ -29,8 +29,7 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
     AmrCodecConfig amr;
     for (const RemoteFormat& format : remote) {
         if (format.kind == RemoteFormat::Amr) {
-            const AmrParameters parameters = format.amrParameters();
-            configureAmr(parameters, parameters.modes, format.band, format.payloadType, amr);
+            configureAmr(format.amr, format.amr.modes, format.band, format.payloadType, amr);
             placeCodec(amr, remote.packetTime, remote.maxPacketTime, stream);
         } else if (format.kind == RemoteFormat::TelephoneEvent) {
             DtmfCodecConfig dtmf = telephoneEvent(format);

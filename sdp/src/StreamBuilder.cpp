@@ -16,7 +16,9 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction) {
 }
 
 void startStream(const RemoteMedia& remote, StreamConfig& stream) {
-    stream = StreamConfig();
+    // Copying a default costs less than building one to copy.
+    static const StreamConfig defaults;
+    stream = defaults;
     // The reader checked both with the model's own checks.
     (void)stream.setRemoteIp(remote.address);
     (void)stream.setRemoteRtpPort(remote.port);

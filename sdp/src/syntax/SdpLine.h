@@ -35,7 +35,7 @@ class LineCursor {
   public:
     LineCursor(std::string_view text, unsigned firstNumber) : mText(text), mNext(firstNumber) {}
 
-    bool next(Line& line);
+    inline bool next(Line& line);
     // Where the line that next() gives next starts, as an offset into the text, and its number.
     size_t offset() const { return mOffset; }
     unsigned nextNumber() const { return mNext; }
@@ -51,7 +51,7 @@ class PieceCursor {
   public:
     PieceCursor(std::string_view text, char separator) : mRest(text), mSeparator(separator) {}
 
-    bool next(std::string_view& piece);
+    inline bool next(std::string_view& piece);
 
   private:
     std::string_view mRest;
@@ -60,17 +60,112 @@ class PieceCursor {
 };
 
 // Space or horizontal tab.
-bool isBlank(char c);
+inline bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
 // Without the blanks at both ends.
-std::string_view trim(std::string_view text);
+inline std::string_view trim(std::string_view text) {
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
 // The first blank-separated field of text, taken off it with the blanks before it; empty when
 // only blanks are left.
-std::string_view nextField(std::string_view& text);
+inline std::string_view nextField(std::string_view& text) {
+    size_t start = 0;
+    while (start < text.size() && isBlank(text[start])) {
+        ++start;
+    }
+    size_t end = start;
+    while (end < text.size() && !isBlank(text[end])) {
+        ++end;
+    }
+    const std::string_view field = text.substr(start, end - start);
+    text.remove_prefix(end);
+    return field;
+}
+
 // The longest run of decimal digits at the start of text.
-std::string_view leadingDigits(std::string_view text);
+inline std::string_view leadingDigits(std::string_view text) {
+    size_t end = 0;
+    while (end < text.size() && text[end] >= '0' && text[end] <= '9') {
+        ++end;
+    }
+    return text.substr(0, end);
+}
+
 // Decimal digits only, at most max; false for anything else, however long.
-bool parseDecimal(std::string_view text, uint64_t max, uint64_t& value);
-bool equalsIgnoreCase(std::string_view a, std::string_view b);
+inline bool parseDecimal(std::string_view text, uint64_t max, uint64_t& value) {
+    if (text.empty()) {
+        return false;
+    }
+    uint64_t number = 0;
+    for (char c : text) {
+        if (c < '0' || c > '9') {
+            return false;
+        }
+        number = number * 10 + static_cast<uint64_t>(c - '0');
+        // Stopping here keeps the sum far from overflow whatever the length of the text.
+        if (number > max) {
+            return false;
+        }
+    }
+    value = number;
+    return true;
+}
+
+inline bool equalsIgnoreCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) {
+        return false;
+    }
+    for (size_t i = 0; i < a.size(); ++i) {
+        // Letters differ from their other case in bit 0x20 only; both must be letters then.
+        const char x = a[i];
+        const char y = b[i];
+        if (x != y && ((x | 0x20) != (y | 0x20) || (x | 0x20) < 'a' || (x | 0x20) > 'z')) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool PieceCursor::next(std::string_view& piece) {
+    if (mDone) {
+        return false;
+    }
+    const size_t end = mRest.find(mSeparator);
+    piece = mRest.substr(0, end);
+    if (end == std::string_view::npos) {
+        mDone = true;
+    } else {
+        mRest.remove_prefix(end + 1);
+    }
+    return true;
+}
+
+bool LineCursor::next(Line& line) {
+    while (mOffset < mText.size()) {
+        const size_t end = mText.find('\n', mOffset);
+        const size_t stop = end == std::string_view::npos ? mText.size() : end;
+        std::string_view text = mText.substr(mOffset, stop - mOffset);
+        mOffset = end == std::string_view::npos ? mText.size() : end + 1;
+        if (end != std::string_view::npos && !text.empty() && text.back() == '\r') {
+            text.remove_suffix(1);
+        }
+        const unsigned number = mNext++;
+        if (!text.empty()) {
+            line = Line{number, text};
+            return true;
+        }
+    }
+    return false;
+}
 
 // Untrusted text as refusals and skipped formats show it: bytes below 0x20 other than tab, and
 // 0x7F, as \xHH; at most the first 120 characters, then "..." when there are more.

@@ -18,10 +18,11 @@ bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-// x=value, where no line of a description may hold a NUL (RFC 8866 section 5).
-bool isWellFormed(std::string_view text) {
+// x=value, where no line of a description may hold a NUL (RFC 8866 section 5); nul points to the
+// text's first NUL, or is null.
+bool isWellFormed(std::string_view text, const char* nul) {
     return text.size() >= 2 && isLetter(text[0]) && text[1] == '=' &&
-           text.find('\0') == std::string_view::npos;
+           (nul < text.data() || nul >= text.data() + text.size());
 }
 
 StreamConfig::Result badLine(const Line& line, const char* message) {
@@ -39,6 +40,9 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
     description.mText = text;
     description.mSession = text;
     LineCursor lines(text, 1);
+    // One search of the whole text costs less than one per line.
+    const size_t nulOffset = text.find('\0');
+    const char* nul = nulOffset == std::string_view::npos ? nullptr : text.data() + nulOffset;
     bool first = true;
     Line line;
     while (lines.next(line)) {
@@ -46,7 +50,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
             return badLine(line, "Description must start with v=0");
         }
         first = false;
-        if (!isWellFormed(line.text)) {
+        if (!isWellFormed(line.text, nul)) {
             return badLine(line, "Bad line");
         }
         std::string_view unused;
@@ -57,6 +61,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
                 if (!parseMedia(line, media)) {
                     return badLine(line, "Bad media line");
                 }
+                ++description.mSectionCount;
                 if (description.mFirstMediaNumber == 0) {
                     description.mFirstMediaNumber = line.number;
                     // The session part ends where the first m= line starts.
@@ -91,27 +96,28 @@ bool SectionCursor::next(MediaSection& section) {
     LineCursor lines(mRest, mNumber);
     Line line;
     // The description was parsed: the first line left is an m= line, and a valid one.
-    if (!lines.next(line) || !Description::parseMedia(line, section)) {
+    if (mIndex == mCount || !lines.next(line) || !Description::parseMedia(line, section)) {
         return false;
     }
     section.index = mIndex++;
-    const size_t bodyStart = lines.offset();
     section.mBodyNumber = lines.nextNumber();
-    for (;;) {
-        const size_t offset = lines.offset();
-        const unsigned number = lines.nextNumber();
-        if (!lines.next(line)) {
-            section.mBody = mRest.substr(bodyStart);
-            mRest = std::string_view();
-            return true;
+    const std::string_view rest = mRest.substr(lines.offset());
+    // The next section starts with the next line that starts with "m=".
+    // The last section needs no search.
+    size_t end = mIndex == mCount ? std::string_view::npos : 0;
+    unsigned lineEnds = 0;
+    while (end != std::string_view::npos && rest.compare(end, 2, "m=") != 0) {
+        end = rest.find('\n', end);
+        if (end == std::string_view::npos) {
+            break;
         }
-        if (line.type() == 'm') {
-            section.mBody = mRest.substr(bodyStart, offset - bodyStart);
-            mRest = mRest.substr(offset);
-            mNumber = number;
-            return true;
-        }
+        ++end;
+        ++lineEnds;
     }
+    section.mBody = rest.substr(0, end);
+    mNumber = section.mBodyNumber + lineEnds;
+    mRest = end == std::string_view::npos ? std::string_view() : rest.substr(end);
+    return true;
 }
 
 bool Description::section(unsigned index, MediaSection& section) const {

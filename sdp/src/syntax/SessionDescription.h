@@ -30,7 +30,7 @@ struct MediaSection {
     // 0 for the first media section.
     unsigned index = 0;
 
-    LineCursor lines() const { return LineCursor(mBody, mBodyNumber); }
+    LineCursor lines() const { return {mBody, mBodyNumber}; }
     bool isActiveAudio() const { return type == "audio" && port != 0; }
 
   private:
@@ -42,8 +42,8 @@ struct MediaSection {
 // The media sections of a description, in order.
 class SectionCursor {
   public:
-    SectionCursor(std::string_view text, unsigned firstNumber)
-        : mRest(text), mNumber(firstNumber) {}
+    SectionCursor(std::string_view text, unsigned firstNumber, unsigned count)
+        : mRest(text), mNumber(firstNumber), mCount(count) {}
 
     bool next(MediaSection& section);
 
@@ -51,6 +51,7 @@ class SectionCursor {
     // From the next m= line on.
     std::string_view mRest;
     unsigned mNumber;
+    unsigned mCount;
     unsigned mIndex = 0;
 };
 
@@ -61,9 +62,9 @@ class Description {
     static StreamConfig::Result parse(std::string_view text, Description& out);
 
     // The session-level lines, v= included.
-    LineCursor sessionLines() const { return LineCursor(mSession, 1); }
+    LineCursor sessionLines() const { return {mSession, 1}; }
     SectionCursor sections() const {
-        return SectionCursor(mText.substr(mSession.size()), mFirstMediaNumber);
+        return {mText.substr(mSession.size()), mFirstMediaNumber, mSectionCount};
     }
     // The media section at index; false when there is none.
     bool section(unsigned index, MediaSection& section) const;
@@ -84,6 +85,7 @@ class Description {
     std::string_view mSession;
     // The number of the first m= line.
     unsigned mFirstMediaNumber = 0;
+    unsigned mSectionCount = 0;
 };
 
 }  // namespace sdp
