@@ -32,14 +32,12 @@ int runAccept(int argc, char** argv) {
 }  // namespace
 
 const Command kAcceptCommand = {
-    "accept", "OFFER ANSWER",
+    "accept",
+    "OFFER ANSWER",
     "Reads ANSWER, the answer to the offer OFFER that this side sent (each a file, or - for\n"
     "standard input), and prints the negotiated stream and the result of its check. A refused\n"
-    "answer prints only the refusal.\n"
-    "\n"
-    "Options:\n"
-    "  -h, --help  this help\n"
-    "\n"
+    "answer prints only the refusal.\n",
+    kHelpOnly,
     "Exit status: 0 the negotiated stream passes its check; 1 a refused offer or answer, a stream\n"
     "that fails its check, or standard output not writable; 2 a usage error or an input that\n"
     "cannot be read.\n",

@@ -39,21 +39,13 @@ int runAnswer(int argc, char** argv) {
 }  // namespace
 
 const Command kAnswerCommand = {
-    "answer", "[--address A] [--port P] [--session-id N] [--session-version N] [-o FILE] [FILE|-]",
+    "answer",
+    "[--address A] [--port P] [--session-id N] [--session-version N] [-o FILE] [FILE|-]",
     "Answers the offer in FILE with the default local capabilities (AMR-WB and AMR with every\n"
     "mode, telephone-event in both bands, RTP/AVP and RTP/AVPF) and prints the answer, the\n"
-    "negotiated stream and the result of its check. A refused offer prints only the refusal.\n"
-    "\n"
-    "Options:\n"
-    "  --address A          the local address, IPv4 or IPv6 (default 127.0.0.1)\n"
-    "  --port P             the local RTP port, 1-65535 (default 49150)\n"
-    "  --session-id N       the o= session id, 0 to 18446744073709551615\n"
-    "                       (default: the current time in seconds since 1970)\n"
-    "  --session-version N  the o= session version, 0 to 18446744073709551615 (default 1)\n"
-    "  -o, --output FILE    write the answer to FILE, lines ended by CRLF, instead of printing\n"
-    "                       it; nothing is written when the offer is refused\n"
-    "  -h, --help           this help\n"
-    "\n"
+    "negotiated stream and the result of its check. A refused offer prints only the refusal,\n"
+    "and -o writes no FILE then.\n",
+    kBodyOptionsHelp,
     "Exit status: 0 the negotiated stream passes its check; 1 a refused offer, a stream that\n"
     "fails its check, or standard output not writable; 2 a usage error, an input that cannot be\n"
     "read or a FILE that cannot be written.\n",

@@ -44,6 +44,15 @@ bool parseDecimal(const std::string& text, uint64_t max, uint64_t& value) {
 
 }  // namespace
 
+const char* const kBodyOptionsHelp =
+    "  --address A          the local address, IPv4 or IPv6 (default 127.0.0.1)\n"
+    "  --port P             the local RTP port, 1-65535 (default 49150)\n"
+    "  --session-id N       the o= session id, 0 to 18446744073709551615\n"
+    "                       (default: the current time in seconds since 1970)\n"
+    "  --session-version N  the o= session version, 0 to 18446744073709551615 (default 1)\n"
+    "  -o, --output FILE    write the body to FILE, lines ended by CRLF, instead of printing it\n"
+    "  -h, --help           this help\n";
+
 int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions& options) {
     static const option kOptions[] = {
         {"address", required_argument, nullptr, kAddressOption},

@@ -14,6 +14,8 @@ void printUsageLine(std::ostream& stream, const Command& command) {
 
 }  // namespace
 
+const char* const kHelpOnly = "  -h, --help  this help\n";
+
 const std::vector<const Command*>& commands() {
     static const std::vector<const Command*> table = {&kDescribeCommand, &kOfferCommand,
                                                       &kAnswerCommand, &kAcceptCommand};
@@ -57,7 +59,10 @@ int usageError(const Command* command, const std::string& message) {
 
 int printHelp(const Command& command) {
     printUsageLine(std::cout, command);
-    std::cout << "\n" << command.help;
+    std::cout << "\n"
+              << command.description << "\nOptions:\n"
+              << command.options << "\n"
+              << command.exitStatus;
     return 0;
 }
 

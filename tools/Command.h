@@ -24,8 +24,11 @@ struct Command {
     const char* name;
     // What follows the name in the usage line.
     const char* synopsis;
-    // What --help prints after the usage line.
-    const char* help;
+    // What --help prints after the usage line: what the command does, its options (kHelpOnly or
+    // kBodyOptionsHelp) and its exit statuses.
+    const char* description;
+    const char* options;
+    const char* exitStatus;
     // Runs with argv[0] the command's name; returns the exit status.
     int (*run)(int argc, char** argv);
 };
@@ -34,6 +37,10 @@ extern const Command kDescribeCommand;
 extern const Command kOfferCommand;
 extern const Command kAnswerCommand;
 extern const Command kAcceptCommand;
+
+// The option lines of --help for a command without options, and for offer and answer.
+extern const char* const kHelpOnly;
+extern const char* const kBodyOptionsHelp;
 
 // Every command, in the order the usage lists them.
 const std::vector<const Command*>& commands();

@@ -38,14 +38,12 @@ int runDescribe(int argc, char** argv) {
 }  // namespace
 
 const Command kDescribeCommand = {
-    "describe", "[FILE|-]",
+    "describe",
+    "[FILE|-]",
     "Reads a remote description (the first RTP/AVP or RTP/AVPF audio section with a port other\n"
     "than 0) and prints the formats it skipped, one line each, the stream it sets up and the\n"
-    "result of the stream's check. A refused description prints only the refusal.\n"
-    "\n"
-    "Options:\n"
-    "  -h, --help  this help\n"
-    "\n"
+    "result of the stream's check. A refused description prints only the refusal.\n",
+    kHelpOnly,
     "Exit status: 0 the stream passes its check; 1 a refused description, a stream that fails\n"
     "its check, or standard output not writable; 2 a usage error or an input that cannot be "
     "read.\n",
