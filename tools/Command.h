@@ -45,7 +45,7 @@ extern const char* const kBodyOptionsHelp;
 // Every command, in the order the usage lists them.
 const std::vector<const Command*>& commands();
 
-// The tool's own usage and help, for a missing or unknown command and for rune-sdp --help.
+// What rune-sdp --help prints: the usage, the commands and the exit statuses.
 void printToolHelp();
 
 // Writes message and the usage lines to standard error (the command's, or every command's for
