@@ -4,7 +4,6 @@
 #include "Command.h"
 
 #include <cstdint>
-#include <ctime>
 #include <limits>
 
 namespace velmora {
@@ -64,8 +63,6 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
         {},
     };
     const uint64_t kMaxDecimal = std::numeric_limits<uint64_t>::max();
-    options.origin.sessionId = static_cast<uint64_t>(std::time(nullptr));
-    options.origin.sessionVersion = 1;
     int result;
     while ((result = nextOption(argc, argv, "+:ho:", kOptions)) != -1) {
         const std::string value = optarg != nullptr ? optarg : "";

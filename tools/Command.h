@@ -8,6 +8,8 @@
 
 #include <getopt.h>
 
+#include <cstdint>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -75,7 +77,8 @@ int parseHelpOnly(const Command& command, int argc, char** argv);
 struct BodyOptions {
     std::string address = "127.0.0.1";
     int port = 49150;
-    sdp::Origin origin;
+    // Session id: seconds since 1970 (RFC 8866 suggests a time stamp); version 1.
+    sdp::Origin origin{"-", static_cast<uint64_t>(std::time(nullptr)), 1};
     // Empty: the body is printed.
     std::string output;
 };
