@@ -1,6 +1,6 @@
 // What the model costs on the paths a media engine takes during a call: time and heap allocations
 // per iteration. Every allocation of the program, the library's included, goes through the
-// operator new below, so each benchmark reports them as the counter "allocs".
+// operator new of AllocationCounter.cpp, so each benchmark reports them as the counter "allocs".
 //
 // A benchmark with a budget fails the program when it allocates more per iteration; ctest runs
 // it that way (AllocationBudgets), scripts/bench.sh for the figures.
@@ -10,85 +10,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <atomic>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include "AllocationCounter.h"
+
 #include <memory>
-#include <new>
 #include <string>
 #include <vector>
-
-namespace {
-
-std::atomic<uint64_t> allocationCount{0};
-
-void* allocate(std::size_t size) {
-    allocationCount.fetch_add(1, std::memory_order_relaxed);
-    if (void* memory = std::malloc(size == 0 ? 1 : size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void* allocateAligned(std::size_t size, std::align_val_t alignment) {
-    allocationCount.fetch_add(1, std::memory_order_relaxed);
-    const auto align = static_cast<std::size_t>(alignment);
-    // aligned_alloc wants a multiple of the alignment.
-    if (void* memory = std::aligned_alloc(align, (size + align - 1) / align * align)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    try {
-        return allocate(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
-    return operator new(size, tag);
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    return allocateAligned(size, alignment);
-}
-void* operator new[](std::size_t size, std::align_val_t alignment) {
-    return allocateAligned(size, alignment);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
@@ -99,35 +25,8 @@ using velmora::rune::CodecConfig;
 using velmora::rune::Dtmf;
 using velmora::rune::DtmfCodecConfig;
 using velmora::rune::StreamConfig;
-
-bool overBudget = false;
-
-// Measures the loop's allocations from here to report().
-class AllocationScope {
-  public:
-    AllocationScope() : mStart(allocationCount.load(std::memory_order_relaxed)) {}
-
-    // Allocations per iteration as the counter "allocs"; over the budget, the program fails.
-    void report(benchmark::State& state, double budget) const {
-        const uint64_t count = allocationCount.load(std::memory_order_relaxed) - mStart;
-        const double perIteration =
-            static_cast<double>(count) / static_cast<double>(state.iterations());
-        state.counters["allocs"] = perIteration;
-        if (perIteration > budget) {
-            overBudget = true;
-            const std::string message = "allocations per iteration " +
-                                        std::to_string(perIteration) + " over budget " +
-                                        std::to_string(budget);
-            state.SkipWithError(message.c_str());
-        }
-    }
-
-  private:
-    uint64_t mStart;
-};
-
-// Measured only: these are expected to allocate.
-constexpr double kNoBudget = 1e9;
+using velmora::rune::bench::AllocationScope;
+using velmora::rune::bench::kNoBudget;
 
 AmrCodecConfig amrCodec(int payloadType) {
     AmrCodecConfig amr;
@@ -325,15 +224,5 @@ BENCHMARK(BM_GetRemoteIpV6);
 }  // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 2;
-    }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    if (overBudget) {
-        std::fprintf(stderr, "a benchmark allocates more than its budget\n");
-        return 1;
-    }
-    return 0;
+    return velmora::rune::bench::runBenchmarks(argc, argv);
 }

@@ -1,7 +1,15 @@
-// The subcommands of rune-sdp and what they share: usage errors and reading the input.
+// The commands of rune-sdp and what they share: options, usage and help, input and output.
+// Defined by Command.cpp (the table, usage, options), Input.cpp, Output.cpp, BodyOptions.cpp and
+// one file per command.
 #ifndef VELMORA_RUNE_TOOLS_COMMAND_H
 #define VELMORA_RUNE_TOOLS_COMMAND_H
 
+#include <velmora/rune/sdp/Sdp.h>
+
+#include <getopt.h>
+
+#include <cstdint>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -9,29 +17,93 @@ namespace velmora {
 namespace rune {
 namespace tools {
 
-// Exit status of a usage error or an unreadable input.
+// Exit status of a refusal, a stream that fails its check, or standard output not writable.
+const int kFailureStatus = 1;
+// Exit status of a usage error, an input that cannot be read or a FILE that cannot be written.
 const int kUsageStatus = 2;
 
 struct Command {
     const char* name;
     // What follows the name in the usage line.
-    const char* usage;
-    // Runs with the arguments after the name; returns the exit status.
-    int (*run)(const std::vector<std::string>& arguments);
+    const char* synopsis;
+    // What --help prints after the usage line: what the command does, its options (kHelpOnly or
+    // kBodyOptionsHelp) and its exit statuses.
+    const char* description;
+    const char* options;
+    const char* exitStatus;
+    // Runs with argv[0] the command's name; returns the exit status.
+    int (*run)(int argc, char** argv);
 };
 
-// Every subcommand, in the order the usage lists them.
-const std::vector<Command>& commands();
+extern const Command kDescribeCommand;
+extern const Command kOfferCommand;
+extern const Command kAnswerCommand;
+extern const Command kAcceptCommand;
 
-// Writes message and the usage to standard error; returns kUsageStatus.
-int usageError(const std::string& message);
+// The option lines of --help for a command without options, and for offer and answer.
+extern const char* const kHelpOnly;
+extern const char* const kBodyOptionsHelp;
 
-// The text of path, or of standard input for "-"; false, after a message on standard error, when
-// it cannot be read.
+// Every command, in the order the usage lists them.
+const std::vector<const Command*>& commands();
+
+// What rune-sdp --help prints: the usage, the commands and the exit statuses.
+void printToolHelp();
+
+// Writes message and the usage lines to standard error (the command's, or every command's for
+// nullptr); returns kUsageStatus.
+int usageError(const Command* command, const std::string& message);
+
+// Prints the command's usage line and help to standard output; returns 0.
+int printHelp(const Command& command);
+
+// getopt_long values of the options that have no short form, and of --help, so that optopt tells a
+// long option's error from a short one's.
+const int kLongOnly = 256;
+const int kHelpOption = kLongOnly;
+
+// The next option of the command's arguments, getopt_long style ("+:" leads shortOptions, so
+// options stop at the first operand and a missing value is ':'), without getopt's own messages.
+int nextOption(int argc, char** argv, const char* shortOptions, const option* longOptions);
+
+// The usage error for what nextOption returned as '?' or ':'.
+int optionError(const Command& command, int result, char** argv);
+
+// Parses a command that has no option but -h/--help. Returns -1 when the command should run,
+// with optind at its first operand, else the exit status.
+int parseHelpOnly(const Command& command, int argc, char** argv);
+
+// The local end and the o= line of a body this side writes, and where the body goes.
+struct BodyOptions {
+    std::string address = "127.0.0.1";
+    int port = 49150;
+    // Session id: seconds since 1970 (RFC 8866 suggests a time stamp); version 1.
+    sdp::Origin origin{"-", static_cast<uint64_t>(std::time(nullptr)), 1};
+    // Empty: the body is printed.
+    std::string output;
+};
+
+// Parses the options of offer and answer. Returns -1 when the command should run, with optind at
+// its first operand, else the exit status (help printed or usage error).
+int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions& options);
+
+// The text of path, or of standard input for "-": at most 64 KiB and one byte, so that the library
+// sees a longer input as too long. False, after a message on standard error, when it cannot be
+// read.
 bool readInput(const std::string& path, std::string& text);
 
-int describe(const std::vector<std::string>& arguments);
-int answer(const std::vector<std::string>& arguments);
+// Prints or writes a body the library wrote (CRLF): printed with LF, written to a file as it is.
+// False, after a message on standard error, when the file cannot be written.
+bool deliverBody(const BodyOptions& options, const std::string& body);
+
+// Prints a result line.
+void printResult(const StreamConfig::Result& result);
+
+// Prints the stream and the format() line of its check(); the exit status that goes with it.
+int printStream(const StreamConfig& stream);
+
+// Flushes standard output; false, after a message on standard error, when it could not be written.
+bool flushStandardOutput();
 
 }  // namespace tools
 }  // namespace rune

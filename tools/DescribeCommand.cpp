@@ -1,6 +1,4 @@
-// rune-sdp describe [FILE|-]: reads a remote description and shows the stream it gives.
-#include <velmora/rune/sdp/Sdp.h>
-
+// rune-sdp describe [FILE|-]: reads a remote description and shows the stream it sets up.
 #include "Command.h"
 
 #include <iostream>
@@ -9,35 +7,47 @@ namespace velmora {
 namespace rune {
 namespace tools {
 
-int describe(const std::vector<std::string>& arguments) {
-    for (const std::string& argument : arguments) {
-        if (argument.size() > 1 && argument[0] == '-') {
-            return usageError("describe takes no option: " + argument);
-        }
+namespace {
+
+int runDescribe(int argc, char** argv) {
+    const int parsed = parseHelpOnly(kDescribeCommand, argc, argv);
+    if (parsed != -1) {
+        return parsed;
     }
-    if (arguments.size() > 1) {
-        return usageError("describe takes one FILE at most");
+    if (argc - optind > 1) {
+        return usageError(&kDescribeCommand, "describe takes one FILE at most");
     }
-    const std::string path = arguments.empty() ? "-" : arguments.front();
     std::string text;
-    if (!readInput(path, text)) {
+    if (!readInput(optind < argc ? argv[optind] : "-", text)) {
         return kUsageStatus;
     }
     StreamConfig stream;
     std::vector<sdp::SkippedFormat> skipped;
     const sdp::Result result = sdp::readRemoteDescription(text, stream, skipped);
     if (result.isFailure()) {
-        std::cout << result.format() << "\n";
-        return 1;
+        printResult(result);
+        return kFailureStatus;
     }
     for (const sdp::SkippedFormat& format : skipped) {
         std::cout << "Skipped payload type " << format.payloadType << ": "
                   << (format.encoding.empty() ? "no rtpmap" : format.encoding) << "\n";
     }
-    const StreamConfig::Result check = stream.check();
-    std::cout << stream.toString() << check.format() << "\n";
-    return check.isSuccess() ? 0 : 1;
+    return printStream(stream);
 }
+
+}  // namespace
+
+const Command kDescribeCommand = {
+    "describe",
+    "[FILE|-]",
+    "Reads a remote description (the first RTP/AVP or RTP/AVPF audio section with a port other\n"
+    "than 0) and prints the formats it skipped, one line each, the stream it sets up and the\n"
+    "result of the stream's check. A refused description prints only the refusal.\n",
+    kHelpOnly,
+    "Exit status: 0 the stream passes its check; 1 a refused description, a stream that fails\n"
+    "its check, or standard output not writable; 2 a usage error or an input that cannot be "
+    "read.\n",
+    runDescribe};
 
 }  // namespace tools
 }  // namespace rune

@@ -9,16 +9,21 @@ namespace velmora {
 namespace rune {
 namespace tools {
 
+namespace {
+
+// One byte more than the library reads: it refuses the longer input itself, and the tool never
+// holds more than this, whatever the input (/dev/zero, an endless pipe).
+const size_t kInputLimit = 64 * 1024 + 1;
+
+}  // namespace
+
 bool readInput(const std::string& path, std::string& text) {
     const bool standardInput = path == "-";
     std::FILE* file = standardInput ? stdin : std::fopen(path.c_str(), "rb");
     int error = file == nullptr ? errno : 0;
     if (file != nullptr) {
-        char buffer[4096];
-        size_t size;
-        while ((size = std::fread(buffer, 1, sizeof buffer, file)) > 0) {
-            text.append(buffer, size);
-        }
+        text.resize(kInputLimit);
+        text.resize(std::fread(text.data(), 1, kInputLimit, file));
         if (std::ferror(file) != 0) {
             error = errno;
         }

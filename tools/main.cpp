@@ -1,22 +1,64 @@
-// rune-sdp COMMAND [ARGUMENTS...]: session descriptions through librunesdp.
+// rune-sdp COMMAND [OPTIONS] [FILE...]: session descriptions through librunesdp.
 #include "Command.h"
 
+#include <iostream>
+#include <new>
 #include <string>
-#include <vector>
 
-using velmora::rune::tools::Command;
-using velmora::rune::tools::commands;
-using velmora::rune::tools::usageError;
+namespace velmora {
+namespace rune {
+namespace tools {
+namespace {
 
-int main(int argc, char** argv) {
-    if (argc < 2) {
-        return usageError("no command given");
+const int kVersionOption = kLongOnly + 1;
+
+int run(int argc, char** argv) {
+    static const option kOptions[] = {
+        {"help", no_argument, nullptr, kHelpOption},
+        {"version", no_argument, nullptr, kVersionOption},
+        {},
+    };
+    const int result = nextOption(argc, argv, "+:h", kOptions);
+    if (result == 'h' || result == kHelpOption) {
+        printToolHelp();
+        return 0;
     }
-    const std::string name = argv[1];
-    for (const Command& command : commands()) {
-        if (name == command.name) {
-            return command.run(std::vector<std::string>(argv + 2, argv + argc));
+    if (result == kVersionOption) {
+        std::cout << "rune-sdp " << RUNE_SDP_VERSION << "\n";
+        return 0;
+    }
+    if (result != -1) {
+        return usageError(nullptr, "unknown option: " + std::string(argv[optind - 1]));
+    }
+    if (optind == argc) {
+        return usageError(nullptr, "no command given");
+    }
+    const std::string name = argv[optind];
+    for (const Command* command : commands()) {
+        if (name == command->name) {
+            const int first = optind;
+            // The command parses its own options, from its name on.
+            optind = 0;
+            return command->run(argc - first, argv + first);
         }
     }
-    return usageError("unknown command: " + name);
+    return usageError(nullptr, "unknown command: " + name);
+}
+
+}  // namespace
+}  // namespace tools
+}  // namespace rune
+}  // namespace velmora
+
+int main(int argc, char** argv) {
+    using namespace velmora::rune::tools;
+    int status;
+    try {
+        status = run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "rune-sdp: out of memory\n";
+        status = kUsageStatus;
+    }
+    // Output that did not reach its destination is a failure, whatever the command's result.
+    return flushStandardOutput() ? status : kFailureStatus;
 }

@@ -1,0 +1,109 @@
+// The options of the commands that write a body: offer and answer.
+#include <velmora/rune/Utils.h>
+
+#include "Command.h"
+
+#include <cstdint>
+#include <limits>
+
+namespace velmora {
+namespace rune {
+namespace tools {
+
+namespace {
+
+enum : int {
+    kAddressOption = kLongOnly + 1,
+    kPortOption,
+    kSessionIdOption,
+    kSessionVersionOption,
+};
+
+const uint64_t kMaxPort = 65535;
+
+// Decimal digits only, at most max; no sign, no blanks.
+bool parseDecimal(const std::string& text, uint64_t max, uint64_t& value) {
+    if (text.empty()) {
+        return false;
+    }
+    uint64_t result = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            return false;
+        }
+        const auto digit = static_cast<uint64_t>(c - '0');
+        if (result > (max - digit) / 10) {
+            return false;
+        }
+        result = result * 10 + digit;
+    }
+    value = result;
+    return true;
+}
+
+}  // namespace
+
+const char* const kBodyOptionsHelp =
+    "  --address A          the local address, IPv4 or IPv6 (default 127.0.0.1)\n"
+    "  --port P             the local RTP port, 1-65535 (default 49150)\n"
+    "  --session-id N       the o= session id, 0 to 18446744073709551615\n"
+    "                       (default: the current time in seconds since 1970)\n"
+    "  --session-version N  the o= session version, 0 to 18446744073709551615 (default 1)\n"
+    "  -o, --output FILE    write the body to FILE, lines ended by CRLF, instead of printing it\n"
+    "  -h, --help           this help\n";
+
+int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions& options) {
+    static const option kOptions[] = {
+        {"address", required_argument, nullptr, kAddressOption},
+        {"port", required_argument, nullptr, kPortOption},
+        {"session-id", required_argument, nullptr, kSessionIdOption},
+        {"session-version", required_argument, nullptr, kSessionVersionOption},
+        {"output", required_argument, nullptr, 'o'},
+        {"help", no_argument, nullptr, kHelpOption},
+        {},
+    };
+    const uint64_t kMaxDecimal = std::numeric_limits<uint64_t>::max();
+    int result;
+    while ((result = nextOption(argc, argv, "+:ho:", kOptions)) != -1) {
+        const std::string value = optarg != nullptr ? optarg : "";
+        uint64_t number = 0;
+        switch (result) {
+            case 'h':
+            case kHelpOption:
+                return printHelp(command);
+            case kAddressOption:
+                if (!Utils::isValidIpV4(value) && !Utils::isValidIpV6(value)) {
+                    return usageError(&command, "bad address (IPv4 or IPv6): " + value);
+                }
+                options.address = value;
+                break;
+            case kPortOption:
+                if (!parseDecimal(value, kMaxPort, number) || number == 0) {
+                    return usageError(&command, "bad port (1-65535): " + value);
+                }
+                options.port = static_cast<int>(number);
+                break;
+            case kSessionIdOption:
+            case kSessionVersionOption:
+                if (!parseDecimal(value, kMaxDecimal, number)) {
+                    return usageError(&command, "bad number (0-18446744073709551615): " + value);
+                }
+                (result == kSessionIdOption ? options.origin.sessionId
+                                            : options.origin.sessionVersion) = number;
+                break;
+            case 'o':
+                if (value.empty()) {
+                    return usageError(&command, "empty output FILE");
+                }
+                options.output = value;
+                break;
+            default:
+                return optionError(command, result, argv);
+        }
+    }
+    return -1;
+}
+
+}  // namespace tools
+}  // namespace rune
+}  // namespace velmora
