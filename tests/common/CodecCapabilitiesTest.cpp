@@ -1,8 +1,11 @@
 #include <velmora/rune/CodecCapabilities.h>
 
 #include "ReportPattern.h"
+#include "ValueChecks.h"
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 using namespace velmora::rune;
 using velmora::testing::platformAssertionPattern;
@@ -22,17 +25,11 @@ class TestCapabilities : public CodecCapabilities {
 }  // namespace
 
 TEST(CodecCapabilitiesTest, EqualityTakesEveryField) {
-    const TestCapabilities capabilities[] = {TestCapabilities(CodecIdAmr, BandTypeNb),
-                                             TestCapabilities(CodecIdDtmf, BandTypeNb),
-                                             TestCapabilities(CodecIdAmr, BandTypeWb),
-                                             TestCapabilities(CodecIdAmr, BandTypeNb, 40),
-                                             TestCapabilities(CodecIdAmr, BandTypeNb, 20, 120),
-                                             TestCapabilities(CodecIdAmr, BandTypeNb, 20, 240, 2)};
-    for (size_t i = 0; i < 6; ++i)
-        for (size_t j = 0; j < 6; ++j)
-            EXPECT_TRUE((capabilities[i] == capabilities[j]) == (i == j) &&
-                        (capabilities[i] != capabilities[j]) == (i != j))
-                << i << " " << j;
+    velmora::testing::expectEqualIffSameIndex(std::vector<TestCapabilities>{
+        TestCapabilities(CodecIdAmr, BandTypeNb), TestCapabilities(CodecIdDtmf, BandTypeNb),
+        TestCapabilities(CodecIdAmr, BandTypeWb), TestCapabilities(CodecIdAmr, BandTypeNb, 40),
+        TestCapabilities(CodecIdAmr, BandTypeNb, 20, 120),
+        TestCapabilities(CodecIdAmr, BandTypeNb, 20, 240, 2)});
 }
 
 TEST(CodecCapabilitiesDeathTest, ConstructorAssertsCodecIdThenBand) {
