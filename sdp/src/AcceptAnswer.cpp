@@ -1,15 +1,157 @@
-// Accepting the answer to an offer this side sent.
+// Accepting the answer to an offer this side sent (the offerer's side of RFC 3264 and of RFC
+// 4867 section 8.3.1).
+#include <velmora/rune/Amr.h>
+#include <velmora/rune/Dtmf.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "Refusal.h"
+#include "AmrAnswer.h"
+#include "AmrFmtp.h"
+#include "AudioSection.h"
+#include "StreamBuilder.h"
+#include "internal/Results.h"
+#include "syntax/SessionDescription.h"
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
-// TODO(roles): not written yet.
-Result acceptAnswer(const std::string&, const std::string&, StreamConfig&) {
-    return refusal(StreamConfig::UnknownError, "Not written yet");
+namespace {
+
+// What this side keeps of the answer.
+struct Choice {
+    const RemoteFormat* amr = nullptr;
+    AmrParameters offered;
+    AmrParameters answered;
+    // Null when there is none to keep.
+    const RemoteFormat* events = nullptr;
+};
+
+// The offered format of the same payload type, codec and band as an answered one.
+const RemoteFormat* offeredAs(const RemoteMedia& offer, const RemoteFormat& answered) {
+    const RemoteFormat* offered = offer.find(answered.payloadType);
+    return offered != nullptr && offered->kind == answered.kind && offered->band == answered.band
+               ? offered
+               : nullptr;
+}
+
+// The first usable AMR payload type in the answer's order, with the answered telephone-event
+// of its clock rate; formats that the offer did not list are skipped.
+bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice) {
+    for (const RemoteFormat& format : answer) {
+        const RemoteFormat* offered =
+            format.kind == RemoteFormat::Amr ? offeredAs(offer, format) : nullptr;
+        if (offered == nullptr) {
+            continue;
+        }
+        choice.offered = offered->amrParameters();
+        choice.answered = format.amrParameters();
+        if (keepsOffer(choice.offered, choice.answered)) {
+            choice.amr = &format;
+            break;
+        }
+    }
+    if (choice.amr == nullptr) {
+        return false;
+    }
+    for (const RemoteFormat& format : answer) {
+        if (format.kind == RemoteFormat::TelephoneEvent && format.band == choice.amr->band &&
+            offeredAs(offer, format) != nullptr) {
+            choice.events = &format;
+            break;
+        }
+    }
+    return true;
+}
+
+// The same number of m= lines, of the same media types in the same order.
+bool matches(const Description& offer, const Description& answer) {
+    SectionCursor offered = offer.sections();
+    SectionCursor answered = answer.sections();
+    MediaSection offeredSection;
+    MediaSection answeredSection;
+    for (;;) {
+        const bool moreOffered = offered.next(offeredSection);
+        const bool moreAnswered = answered.next(answeredSection);
+        if (moreOffered != moreAnswered) {
+            return false;
+        }
+        if (!moreOffered) {
+            return true;
+        }
+        if (offeredSection.type != answeredSection.type) {
+            return false;
+        }
+    }
+}
+
+StreamConfig::Result readAnswer(const Description& offer, const RemoteMedia& offered,
+                                const Description& answer, RemoteMedia& answered, Choice& choice) {
+    if (!matches(offer, answer)) {
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                     "Answer does not match the offer");
+    }
+    MediaSection section;
+    answer.section(offered.section.index, section);
+    if (section.port == 0) {
+        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "Stream rejected");
+    }
+    StreamConfig::Result result = readSection(answer, section, answered);
+    if (result.isSuccess() && !choose(offered, answered, choice)) {
+        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec");
+    }
+    return result;
+}
+
+// RTCP bandwidths the offer's, as reading takes them; reduced size only when both listed it.
+void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Choice& choice,
+               StreamConfig& stream) {
+    startStream(answered, stream);
+    setReadRtcp(offered, stream);
+    RtcpConfig rtcp = stream.getRtcpConfig();
+    rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);
+    stream.setRtcpConfig(rtcp);
+    const std::optional<uint32_t> packetTime =
+        answered.packetTime ? answered.packetTime : offered.packetTime;
+    const std::optional<uint32_t> maxPacketTime =
+        answered.maxPacketTime ? answered.maxPacketTime : offered.maxPacketTime;
+    for (const RemoteFormat& format : answered) {
+        if (&format == choice.amr) {
+            // The answered mode-set, else the offered one, else every mode of the band.
+            const AmrModes& modes =
+                choice.answered.modeSetText ? choice.answered.modes : choice.offered.modes;
+            AmrCodecConfig amr;
+            configureAmr(choice.answered, modes, format.band, format.payloadType, amr);
+            placeCodec(amr, packetTime, maxPacketTime, stream);
+        } else if (&format == choice.events) {
+            DtmfCodecConfig dtmf = telephoneEvent(format);
+            placeCodec(dtmf, packetTime, maxPacketTime, stream);
+        }
+    }
+}
+
+}  // namespace
+
+Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
+    Description offerParsed;
+    Result result = Description::parse(offer, offerParsed);
+    RemoteMedia offered;
+    if (result.isSuccess()) {
+        result = readChosenSection(offerParsed, offered);
+    }
+    Description answerParsed;
+    if (result.isSuccess()) {
+        result = Description::parse(answer, answerParsed);
+    }
+    RemoteMedia answered;
+    Choice choice;
+    if (result.isSuccess()) {
+        result = readAnswer(offerParsed, offered, answerParsed, answered, choice);
+    }
+    if (result.isFailure()) {
+        return result;
+    }
+    negotiate(offered, answered, choice, negotiated);
+    return result;
 }
 
 }  // namespace sdp

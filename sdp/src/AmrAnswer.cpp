@@ -1,12 +1,6 @@
 #include "AmrAnswer.h"
 
-#include "syntax/SdpLine.h"
-
 #include <algorithm>
-#include <optional>
-#include <sstream>
-#include <string_view>
-#include <vector>
 
 namespace velmora {
 namespace rune {
@@ -16,10 +10,7 @@ namespace {
 
 // The largest max-red an fmtp may carry, in ms.
 const int kMaxRedundancy = 65535;
-
-int lastMode(BandType band) {
-    return band == BandTypeNb ? 7 : 8;
-}
+const uint32_t kEveryOtherFrame = 2;
 
 bool listsMode(const AmrCodecCapabilities& local, AmrRate rate) {
     for (unsigned int i = 0; i < local.getSupportedAmrRateCount(); ++i) {
@@ -32,107 +23,109 @@ bool listsMode(const AmrCodecCapabilities& local, AmrRate rate) {
 
 // An empty list supports every mode of the band.
 bool supportsMode(const AmrCodecCapabilities& local, BandType band, AmrRate rate) {
-    return rate >= 0 && rate <= lastMode(band) &&
+    return rate >= AmrRate0 && rate <= lastMode(band) &&
            (local.getSupportedAmrRateCount() == 0 || listsMode(local, rate));
 }
 
-// The modes of the band that local lists, ascending.
-std::vector<AmrRate> localModes(const AmrCodecCapabilities& local, BandType band) {
-    std::vector<AmrRate> modes;
-    for (int mode = 0; mode <= lastMode(band); ++mode) {
+// 0 when local supports no redundancy.
+uint32_t localMaxRed(const AmrCodecCapabilities& local) {
+    return static_cast<uint32_t>(std::clamp(local.getMaxSupportedRdcy(), 0, kMaxRedundancy));
+}
+
+// The offer's value, else local's, never above local's.
+uint32_t answeredMaxRed(const AmrCodecCapabilities& local, const AmrParameters& offered) {
+    return offered.maxRed ? std::min(*offered.maxRed, localMaxRed(local)) : localMaxRed(local);
+}
+
+// The mode-set of an answer that echoes none: the local modes, every mode when none are listed.
+AmrModes answeredModes(const AmrCodecCapabilities& local, BandType band,
+                       const AmrParameters& offered) {
+    if (offered.modeSetText) {
+        return offered.modes;
+    }
+    AmrModes modes;
+    for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
         if (listsMode(local, static_cast<AmrRate>(mode))) {
-            modes.push_back(static_cast<AmrRate>(mode));
+            modes.add(static_cast<AmrRate>(mode));
         }
     }
     return modes;
 }
 
-// The last value written for name: the one the reader kept.
-std::optional<std::string_view> offeredValue(const AmrParameters& offered, std::string_view name) {
-    std::optional<std::string_view> value;
-    for (const auto& [writtenName, writtenValue] : offered.written) {
-        if (equalsIgnoreCase(writtenName, name)) {
-            value = writtenValue;
-        }
-    }
-    return value;
-}
-
-// The offer's value, else local's; 0 when local supports no redundancy.
-uint32_t answeredMaxRed(const AmrCodecCapabilities& local, const AmrParameters& offered) {
-    const auto localMax =
-        static_cast<uint32_t>(std::clamp(local.getMaxSupportedRdcy(), 0, kMaxRedundancy));
-    return offered.maxRed ? std::min(*offered.maxRed, localMax) : localMax;
-}
-
 }  // namespace
 
-bool acceptsAmr(const AmrCodecCapabilities& local, const RemoteFormat& offered) {
-    const AmrParameters& amr = offered.amr;
-    if (local.getBandType() != offered.band) {
+AmrModes advertisedModes(const AmrCodecCapabilities& local, BandType band) {
+    AmrModes modes = answeredModes(local, band, AmrParameters());
+    return modes.isEveryMode(band) ? AmrModes() : modes;
+}
+
+bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParameters& offered) {
+    if (local.getBandType() != band) {
         return false;
     }
-    if (amr.modeSet) {
-        for (AmrRate rate : *amr.modeSet) {
-            if (!supportsMode(local, offered.band, rate)) {
-                return false;
-            }
+    for (unsigned i = 0; offered.modeSetText && i < offered.modes.count; ++i) {
+        if (!supportsMode(local, band, offered.modes.modes[i])) {
+            return false;
         }
     }
-    return (!amr.crc || local.isCrcModeSupported()) &&
-           (!amr.robustSorting || local.isRobustSortingModeSupported()) &&
-           (!amr.isInterleaved() || local.isInterleavingModeSupported()) &&
-           (amr.isOctetAligned() || !local.isOctetAlignModeRequired());
+    return (!offered.crc || local.isCrcModeSupported()) &&
+           (!offered.robustSorting || local.isRobustSortingModeSupported()) &&
+           (!offered.isInterleaved() || local.isInterleavingModeSupported()) &&
+           (offered.isOctetAligned() || !local.isOctetAlignModeRequired());
 }
 
-std::string answerAmrParameters(const AmrCodecCapabilities& local, const RemoteFormat& offered) {
-    const AmrParameters& amr = offered.amr;
-    std::ostringstream text;
-    const auto echo = [&](std::string_view name) {
-        if (const std::optional<std::string_view> value = offeredValue(amr, name)) {
-            text << name << "=" << *value << "; ";
-        }
-    };
-    if (amr.modeSet) {
-        echo("mode-set");
-    } else {
-        const std::vector<AmrRate> modes = localModes(local, offered.band);
-        if (!modes.empty() && static_cast<int>(modes.size()) != lastMode(offered.band) + 1) {
-            text << "mode-set=";
-            for (size_t i = 0; i < modes.size(); ++i) {
-                text << (i == 0 ? "" : ",") << modes[i];
-            }
-            text << "; ";
-        }
+AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
+                       const AmrParameters& offered) {
+    AmrFmtpText fmtp;
+    fmtp.modeSetText = offered.modeSetText;
+    if (!offered.modeSetText) {
+        fmtp.modes = advertisedModes(local, band);
     }
-    echo("octet-align");
-    if (local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame) {
-        text << "mode-change-capability=2; ";
-    }
-    if (local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame &&
-        amr.modeChangeCapability == 2U) {
-        text << "mode-change-period=2; ";
-    }
-    if (local.isModeChangeNeighborRequired()) {
-        text << "mode-change-neighbor=1; ";
-    }
-    echo("crc");
-    echo("robust-sorting");
-    echo("interleaving");
-    text << "max-red=" << answeredMaxRed(local, amr);
-    return text.str();
+    fmtp.octetAlign = offered.octetAlignText;
+    fmtp.modeChangeCapabilityTwo =
+        local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+    fmtp.modeChangePeriodTwo = local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame &&
+                               offered.modeChangeCapability == kEveryOtherFrame;
+    fmtp.modeChangeNeighbor = local.isModeChangeNeighborRequired();
+    fmtp.crc = offered.crcText;
+    fmtp.robustSorting = offered.robustSortingText;
+    fmtp.interleaving = offered.interleavingText;
+    fmtp.maxRed = answeredMaxRed(local, offered);
+    return fmtp;
 }
 
-AmrCodecConfig negotiateAmr(const AmrCodecCapabilities& local, const RemoteFormat& offered) {
-    AmrParameters agreed = offered.amr;
-    if (!agreed.modeSet) {
-        std::vector<AmrRate> modes = localModes(local, offered.band);
-        if (!modes.empty()) {
-            agreed.modeSet = std::move(modes);
-        }
+void negotiateAmr(const AmrCodecCapabilities& local, BandType band, int payloadType,
+                  const AmrParameters& offered, AmrCodecConfig& config) {
+    AmrParameters agreed = offered;
+    agreed.maxRed = answeredMaxRed(local, offered);
+    configureAmr(agreed, answeredModes(local, band, offered), band, payloadType, config);
+}
+
+AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned) {
+    AmrFmtpText fmtp;
+    fmtp.modes = advertisedModes(local, local.getBandType());
+    if (octetAligned) {
+        fmtp.octetAlign = "1";
     }
-    agreed.maxRed = answeredMaxRed(local, offered.amr);
-    return makeAmrCodecConfig(agreed, offered.band, offered.payloadType);
+    fmtp.modeChangeCapabilityTwo =
+        local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+    fmtp.modeChangePeriodTwo = local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame;
+    fmtp.modeChangeNeighbor = local.isModeChangeNeighborRequired();
+    fmtp.maxRed = localMaxRed(local);
+    return fmtp;
+}
+
+bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered) {
+    if (offered.modeSetText && !(answered.modeSetText && answered.modes == offered.modes)) {
+        return false;
+    }
+    if (answered.modeChangePeriod == kEveryOtherFrame &&
+        offered.modeChangeCapability != kEveryOtherFrame) {
+        return false;
+    }
+    return answered.isOctetAligned() == offered.isOctetAligned() && answered.crc == offered.crc &&
+           answered.robustSorting == offered.robustSorting &&
+           answered.interleaving == offered.interleaving;
 }
 
 }  // namespace sdp

@@ -1,41 +1,46 @@
-// Answering one offered AMR payload type from a local AmrCodecCapabilities (RFC 4867 section
-// 8.3.1): whether it can be accepted, the a=fmtp parameters the answer returns, and the
-// configuration both sides then use.
+// RFC 4867 section 8.3.1 for both roles: which offered AMR payload type the answerer may accept,
+// the a=fmtp it answers and the configuration both sides then use; the a=fmtp of an offer; and
+// what the offerer checks in the answer.
 #ifndef VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H
 #define VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H
 
 #include <velmora/rune/Amr.h>
 
-#include "AudioSection.h"
-
-#include <string>
-
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
+#include "AmrFmtp.h"
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
-// True when local is of the offered band, supports every offered mode, crc, robust sorting and
-// interleaving where the offer uses them, and does not require octet-align of a
-// bandwidth-efficient offer. A mode outside the band is never supported.
-bool acceptsAmr(const AmrCodecCapabilities& local, const RemoteFormat& offered);
+// The modes of band that local lists, ascending; empty when they are every mode of the band or
+// none of them, which a missing mode-set says.
+AmrModes advertisedModes(const AmrCodecCapabilities& local, BandType band);
+
+// True when local is of band, supports every offered mode, crc, robust sorting and interleaving
+// where the offer uses them, and does not require octet-align of a bandwidth-efficient offer.
+bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParameters& offered);
 
 // For an accepted format: octet-align, crc, robust-sorting, interleaving and mode-set as
-// offered (mode-set, when not offered, from the local modes of the band); what local adds
-// about mode changes; max-red no larger than either side's. Unknown parameters are dropped.
-std::string answerAmrParameters(const AmrCodecCapabilities& local, const RemoteFormat& offered);
+// offered (mode-set, when not offered, from the local modes of the band); what local adds about
+// mode changes; max-red no larger than either side's. Unknown parameters are dropped.
+AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
+                       const AmrParameters& offered);
 
 // The configuration of an accepted format at the default packet times: the offer's options and
 // mode changes, the rates of the answer (every mode of the band when it lists none) and the
 // answered max-red, as reading takes it.
-AmrCodecConfig negotiateAmr(const AmrCodecCapabilities& local, const RemoteFormat& offered);
+void negotiateAmr(const AmrCodecCapabilities& local, BandType band, int payloadType,
+                  const AmrParameters& offered, AmrCodecConfig& config);
+
+// The a=fmtp of an offered payload type of local, octet-aligned or bandwidth-efficient.
+AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned);
+
+// The offerer's check of an answered payload type: the options, the mode-set, when offered, as
+// offered, and mode-change-period=2 only after mode-change-capability=2.
+bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered);
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H

@@ -1,6 +1,5 @@
 #include "AmrFmtp.h"
 
-#include "Refusal.h"
 #include "syntax/SdpLine.h"
 
 #include <limits>
@@ -35,42 +34,90 @@ StreamConfig::Result badValue(const Line& line, std::string_view name, std::stri
     return refusalAt(line, StreamConfig::InvalidParam, "Bad fmtp value: ", name, "=", value);
 }
 
-// Each element a decimal number, and a mode the model accepts.
+// Each element a decimal number and a mode of the band; the model's words for other numbers.
 StreamConfig::Result readModeSet(std::string_view name, std::string_view value, const Line& line,
-                                 std::vector<AmrRate>& rates) {
-    for (std::string_view element : split(value, ',')) {
+                                 BandType band, AmrModes& modes) {
+    PieceCursor elements(value, ',');
+    std::string_view element;
+    while (elements.next(element)) {
         element = trim(element);
         if (element.empty() || leadingDigits(element).size() != element.size()) {
             return badValue(line, name, value);
         }
         uint64_t number;
-        if (!parseDecimal(element, std::numeric_limits<int32_t>::max(), number)) {
-            // Too large for a mode index: the model's words, without asking the model.
+        if (!parseDecimal(element, static_cast<uint64_t>(lastMode(band)), number)) {
             const size_t significant = element.find_first_not_of('0');
             return refusalAt(line, StreamConfig::InvalidParam,
                              "Bad amr rate: ", element.substr(significant));
         }
-        const auto rate = static_cast<AmrRate>(number);
-        AmrCodecConfig probe;
-        const CodecConfig::Result accepted = probe.addAmrRate(rate);
-        if (accepted.isFailure()) {
-            return atLine(line, accepted);
-        }
-        rates.push_back(rate);
+        modes.add(static_cast<AmrRate>(number));
     }
     return StreamConfig::Result::success();
 }
 
-}  // namespace
-
-bool AmrParameters::isOctetAligned() const {
-    return octetAlign || crc || robustSorting || isInterleaved();
+void writeModes(LineWriter& writer, const AmrModes& modes) {
+    for (unsigned i = 0; i < modes.count; ++i) {
+        writer.text(i == 0 ? "" : ",").number(static_cast<uint64_t>(modes.modes[i]));
+    }
 }
 
-StreamConfig::Result readAmrParameters(std::string_view text, const Line& line,
+void writeValue(LineWriter& writer, const char* name, std::optional<std::string_view> value) {
+    if (value) {
+        writer.text(name).text("=").text(*value).text("; ");
+    }
+}
+
+}  // namespace
+
+AmrRate lastMode(BandType band) {
+    return band == BandTypeNb ? AmrRate7 : AmrRate8;
+}
+
+bool AmrModes::contains(AmrRate mode) const {
+    for (unsigned i = 0; i < count; ++i) {
+        if (modes[i] == mode) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void AmrModes::add(AmrRate mode) {
+    if (!contains(mode) && count < modes.size()) {
+        modes[count++] = mode;
+    }
+}
+
+bool AmrModes::operator==(const AmrModes& other) const {
+    if (count != other.count) {
+        return false;
+    }
+    for (unsigned i = 0; i < count; ++i) {
+        if (modes[i] != other.modes[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool AmrModes::isEveryMode(BandType band) const {
+    if (count != static_cast<unsigned>(lastMode(band)) + 1) {
+        return false;
+    }
+    for (unsigned i = 0; i < count; ++i) {
+        if (modes[i] != static_cast<AmrRate>(i)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
                                        AmrParameters& out) {
     AmrParameters parameters;
-    for (std::string_view parameter : split(text, ';')) {
+    PieceCursor pieces(text, ';');
+    std::string_view parameter;
+    while (pieces.next(parameter)) {
         parameter = trim(parameter);
         if (parameter.empty()) {
             continue;
@@ -80,25 +127,24 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line,
         const std::string_view value = equals == std::string_view::npos
                                            ? std::string_view()
                                            : trim(parameter.substr(equals + 1));
-        parameters.written.emplace_back(name, value);
-
         bool valid = true;
-        uint32_t number;
+        uint32_t number = 0;
         if (equalsIgnoreCase(name, "mode-set")) {
-            std::vector<AmrRate> rates;
-            StreamConfig::Result result = readModeSet(name, value, line, rates);
+            AmrModes modes;
+            const StreamConfig::Result result = readModeSet(name, value, line, band, modes);
             if (result.isFailure()) {
                 return result;
             }
-            parameters.modeSet = std::move(rates);
+            parameters.modeSetText = value;
+            parameters.modes = modes;
         } else if (equalsIgnoreCase(name, "octet-align")) {
             valid = readFlag(value, parameters.octetAlign);
+            parameters.octetAlignText = value;
         } else if (equalsIgnoreCase(name, "mode-change-period")) {
             valid = readNumber(value, 1, 2, number);
-            if (valid) {
-                parameters.modeChangePeriod = number;
-            }
+            parameters.modeChangePeriod = number;
         } else if (equalsIgnoreCase(name, "mode-change-capability")) {
+            parameters.modeChangeCapability.reset();
             if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
                 parameters.modeChangeCapability = number;
             }
@@ -106,39 +152,38 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line,
             valid = readFlag(value, parameters.modeChangeNeighbor);
         } else if (equalsIgnoreCase(name, "max-red")) {
             valid = readNumber(value, 0, kMaxRedundancy, number);
-            if (valid) {
-                parameters.maxRed = number;
-            }
+            parameters.maxRed = number;
         } else if (equalsIgnoreCase(name, "crc")) {
             valid = readFlag(value, parameters.crc);
+            parameters.crcText = value;
         } else if (equalsIgnoreCase(name, "robust-sorting")) {
             valid = readFlag(value, parameters.robustSorting);
+            parameters.robustSortingText = value;
         } else if (equalsIgnoreCase(name, "interleaving")) {
-            valid = readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number);
-            if (valid) {
-                parameters.interleaving = number;
-            }
+            valid =
+                readNumber(value, 0, std::numeric_limits<uint32_t>::max(), parameters.interleaving);
+            parameters.interleavingText = value;
         }
         if (!valid) {
             return badValue(line, name, value);
         }
     }
-    out = std::move(parameters);
+    out = parameters;
     return StreamConfig::Result::success();
 }
 
-AmrCodecConfig makeAmrCodecConfig(const AmrParameters& parameters, BandType band, int payloadType) {
-    AmrCodecConfig config;
+void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandType band,
+                  int payloadType, AmrCodecConfig& config) {
+    config = AmrCodecConfig();
     (void)config.setBandType(band);
     config.setPayloadType(payloadType);
-    if (parameters.modeSet) {
-        for (AmrRate rate : *parameters.modeSet) {
-            (void)config.addAmrRate(rate);
+    if (modes.count > 0) {
+        for (unsigned i = 0; i < modes.count; ++i) {
+            (void)config.addAmrRate(modes.modes[i]);
         }
     } else {
-        const int lastMode = band == BandTypeNb ? 7 : 8;
-        for (int rate = 0; rate <= lastMode; ++rate) {
-            (void)config.addAmrRate(static_cast<AmrRate>(rate));
+        for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
+            (void)config.addAmrRate(static_cast<AmrRate>(mode));
         }
     }
     config.setOctetAlignMode(parameters.isOctetAligned());
@@ -156,7 +201,31 @@ AmrCodecConfig makeAmrCodecConfig(const AmrParameters& parameters, BandType band
     config.setCrcMode(parameters.crc);
     config.setRobustSortingMode(parameters.robustSorting);
     config.setInterleavingMode(parameters.isInterleaved());
-    return config;
+}
+
+void writeAmrFmtp(LineWriter& writer, int payloadType, const AmrFmtpText& fmtp) {
+    writer.fmtpStart(payloadType);
+    if (fmtp.modeSetText) {
+        writeValue(writer, "mode-set", fmtp.modeSetText);
+    } else if (fmtp.modes.count > 0) {
+        writer.text("mode-set=");
+        writeModes(writer, fmtp.modes);
+        writer.text("; ");
+    }
+    writeValue(writer, "octet-align", fmtp.octetAlign);
+    if (fmtp.modeChangeCapabilityTwo) {
+        writer.text("mode-change-capability=2; ");
+    }
+    if (fmtp.modeChangePeriodTwo) {
+        writer.text("mode-change-period=2; ");
+    }
+    if (fmtp.modeChangeNeighbor) {
+        writer.text("mode-change-neighbor=1; ");
+    }
+    writeValue(writer, "crc", fmtp.crc);
+    writeValue(writer, "robust-sorting", fmtp.robustSorting);
+    writeValue(writer, "interleaving", fmtp.interleaving);
+    writer.text("max-red=").number(fmtp.maxRed).end();
 }
 
 }  // namespace sdp

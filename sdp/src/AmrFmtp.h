@@ -1,31 +1,51 @@
-// The AMR payload format parameters of an a=fmtp line (RFC 4867 section 8.1) as the remote party
-// wrote them, and the AmrCodecConfig they describe.
+// The AMR payload format parameters of an a=fmtp line (RFC 4867 section 8.1): read as the remote
+// party wrote them, turned into the AmrCodecConfig they describe, and written in the one order
+// that media descriptions, offers and answers share.
 #ifndef VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
 #define VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
 
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/StreamConfig.h>
 
+#include "LineWriter.h"
 #include "syntax/SdpLine.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <utility>
-#include <vector>
-
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
+// The highest mode of a band: 7 for AMR, 8 for AMR-WB.
+AmrRate lastMode(BandType band);
+
+// Modes of one band, each once, in an order that matters.
+struct AmrModes {
+    std::array<AmrRate, AmrRate8 + 1> modes{};
+    unsigned count = 0;
+
+    bool contains(AmrRate mode) const;
+    // Nothing when mode is listed already.
+    void add(AmrRate mode);
+    bool operator==(const AmrModes& other) const;
+    // Every mode of band, ascending: what a missing mode-set means.
+    bool isEveryMode(BandType band) const;
+};
+
+// Where a parameter is repeated, the last one counts, for reading and answering alike.
 struct AmrParameters {
-    // Every parameter, known or not, in the order written: name as written, trimmed value.
-    std::vector<std::pair<std::string_view, std::string_view>> written;
-    // mode-set, in the order written; absent means every mode of the band.
-    std::optional<std::vector<AmrRate>> modeSet;
+    // The mode-set as written; its modes in the order written.
+    std::optional<std::string_view> modeSetText;
+    AmrModes modes;
+    // The values as written, for an answer to return unmodified; absent when not written.
+    std::optional<std::string_view> octetAlignText;
+    std::optional<std::string_view> crcText;
+    std::optional<std::string_view> robustSortingText;
+    std::optional<std::string_view> interleavingText;
+
     bool octetAlign = false;
     // RFC 4867 values: 1 or 2.
     std::optional<uint32_t> modeChangePeriod;
@@ -36,26 +56,44 @@ struct AmrParameters {
     std::optional<uint32_t> maxRed;
     bool crc = false;
     bool robustSorting = false;
-    // Interleaving group size; 0 or absent: no interleaving.
-    std::optional<uint32_t> interleaving;
+    // Interleaving group size; 0: no interleaving.
+    uint32_t interleaving = 0;
 
     // crc, robust sorting and interleaving each imply the octet-aligned format.
-    bool isOctetAligned() const;
-    bool isInterleaved() const { return interleaving.value_or(0) > 0; }
+    bool isOctetAligned() const { return octetAlign || crc || robustSorting || isInterleaved(); }
+    bool isInterleaved() const { return interleaving > 0; }
 };
 
-// Reads the parameters of an fmtp line (the text after its payload type). A value out of its
-// range is refused in the order written, with line as the context.
-StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, AmrParameters& out);
+// Reads the parameters of an fmtp line of band (text: what follows the payload type). A value
+// out of its range, a mode outside the band among them, is refused in the order written.
+StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
+                                       AmrParameters& out);
 
-// The configuration the parameters describe for band and payload type, at the default packet
-// times.
-AmrCodecConfig makeAmrCodecConfig(const AmrParameters& parameters, BandType band, int payloadType);
+// Makes config (reused, so that its rate list keeps its room) the configuration that the
+// parameters describe for band and payload type, at the default packet times; modes stand for
+// the mode-set (every mode of the band when empty).
+void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandType band,
+                  int payloadType, AmrCodecConfig& config);
+
+// An a=fmtp line this side writes, each parameter left out where it says so.
+struct AmrFmtpText {
+    // Written as is when present; else the modes, left out when empty.
+    std::optional<std::string_view> modeSetText;
+    AmrModes modes;
+    std::optional<std::string_view> octetAlign;
+    bool modeChangeCapabilityTwo = false;
+    bool modeChangePeriodTwo = false;
+    bool modeChangeNeighbor = false;
+    std::optional<std::string_view> crc;
+    std::optional<std::string_view> robustSorting;
+    std::optional<std::string_view> interleaving;
+    // Always written.
+    uint32_t maxRed = 0;
+};
+void writeAmrFmtp(LineWriter& writer, int payloadType, const AmrFmtpText& fmtp);
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_AMR_FMTP_H

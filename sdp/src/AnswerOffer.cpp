@@ -5,8 +5,8 @@
 
 #include "AmrAnswer.h"
 #include "AudioSection.h"
-#include "Refusal.h"
-#include "WriteMedia.h"
+#include "LineWriter.h"
+#include "StreamBuilder.h"
 #include "syntax/SessionDescription.h"
 
 #include <algorithm>
@@ -21,6 +21,7 @@ namespace {
 // What the answer keeps of the offer.
 struct Choice {
     const RemoteFormat* amr = nullptr;
+    AmrParameters amrParameters;
     // The local capability that accepted amr.
     const AmrCodecCapabilities* amrCaps = nullptr;
     // Null when there is none to keep.
@@ -43,12 +44,12 @@ bool hasEvents(const StreamCapabilities& local, BandType band) {
     return false;
 }
 
-// The first local AMR capability that accepts format; null when none does.
-const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local,
-                                          const RemoteFormat& format) {
+// The first local AMR capability that accepts the parameters; null when none does.
+const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local, BandType band,
+                                          const AmrParameters& parameters) {
     for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
         const auto* amr = dynamic_cast<const AmrCodecCapabilities*>(local.getCodecCapabilities(i));
-        if (amr != nullptr && acceptsAmr(*amr, format)) {
+        if (amr != nullptr && acceptsAmr(*amr, band, parameters)) {
             return amr;
         }
     }
@@ -58,13 +59,15 @@ const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local,
 // The first AMR format, in the offerer's order, that a local capability accepts; then the
 // telephone-event of its clock rate.
 bool choose(const RemoteMedia& remote, const StreamCapabilities& local, Choice& choice) {
-    for (const RemoteFormat& format : remote.formats) {
-        if (format.kind == RemoteFormat::Amr) {
-            choice.amrCaps = acceptingCaps(local, format);
-            if (choice.amrCaps != nullptr) {
-                choice.amr = &format;
-                break;
-            }
+    for (const RemoteFormat& format : remote) {
+        if (format.kind != RemoteFormat::Amr) {
+            continue;
+        }
+        choice.amrParameters = format.amrParameters();
+        choice.amrCaps = acceptingCaps(local, format.band, choice.amrParameters);
+        if (choice.amrCaps != nullptr) {
+            choice.amr = &format;
+            break;
         }
     }
     if (choice.amr == nullptr) {
@@ -72,13 +75,50 @@ bool choose(const RemoteMedia& remote, const StreamCapabilities& local, Choice& 
     }
     const BandType band = choice.amr->band;
     if (hasEvents(local, band)) {
-        const auto events = std::find_if(
-            remote.formats.begin(), remote.formats.end(), [band](const RemoteFormat& format) {
+        const RemoteFormat* events =
+            std::find_if(remote.begin(), remote.end(), [band](const RemoteFormat& format) {
                 return format.kind == RemoteFormat::TelephoneEvent && format.band == band;
             });
-        choice.events = events == remote.formats.end() ? nullptr : &*events;
+        choice.events = events == remote.end() ? nullptr : events;
     }
     return true;
+}
+
+// Why a section read without fault cannot be answered: the profile first, then the codecs.
+StreamConfig::Result refusal(const RemoteMedia& remote, const StreamCapabilities& local,
+                             Choice& choice) {
+    const char* reason = !supportsProfile(local, remote.profile) ? "Unsupported profile"
+                         : !choose(remote, local, choice)        ? "No common codec"
+                                                                 : nullptr;
+    return reason == nullptr
+               ? StreamConfig::Result::success()
+               : refusalAt(remote.section.mediaLine, StreamConfig::InvalidConfiguration, reason);
+}
+
+// The first qualifying section that can be answered. A refusal other than the profile's or the
+// codecs' is the result; when none can be, the first active audio section's refusal.
+StreamConfig::Result chooseSection(const Description& offer, const StreamCapabilities& local,
+                                   RemoteMedia& remote, Choice& choice) {
+    SectionCursor sections = offer.sections();
+    MediaSection section;
+    while (sections.next(section)) {
+        if (!qualifies(section)) {
+            continue;
+        }
+        StreamConfig::Result result = readSection(offer, section, remote);
+        if (result.isFailure()) {
+            return result;
+        }
+        choice = Choice();
+        if (refusal(remote, local, choice).isSuccess()) {
+            return result;
+        }
+    }
+    if (!findFirstActiveAudio(offer, section)) {
+        return noAudioStream();
+    }
+    StreamConfig::Result result = readSection(offer, section, remote);
+    return result.isFailure() ? result : refusal(remote, local, choice);
 }
 
 RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remote) {
@@ -88,62 +128,101 @@ RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remo
 }
 
 // The kept formats in the offer's m= order, at the agreed packet times.
-void addCodecs(const RemoteMedia& remote, const Choice& choice, StreamConfig& stream) {
-    const unsigned int packetTime = remote.packetTime.value_or(choice.amrCaps->getPacketTime());
-    const unsigned int maxPacketTime =
+void negotiate(const RemoteMedia& remote, const StreamCapabilities& local, const Choice& choice,
+               StreamConfig& stream) {
+    startStream(remote, stream);
+    const RtcpConfig rtcp = answeredRtcp(local, remote);
+    stream.setRtcpConfig(rtcp);
+    // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
+    stream.setRtcp(rtcp.getRs() != 0 || rtcp.getRr() != 0);
+    const uint32_t packetTime = remote.packetTime.value_or(choice.amrCaps->getPacketTime());
+    const uint32_t maxPacketTime =
         std::min(remote.maxPacketTime.value_or(choice.amrCaps->getMaxPacketTime()),
                  choice.amrCaps->getMaxPacketTime());
-    for (const RemoteFormat& format : remote.formats) {
+    for (const RemoteFormat& format : remote) {
         if (&format == choice.amr) {
-            AmrCodecConfig amr = negotiateAmr(*choice.amrCaps, format);
-            amr.setPacketTime(packetTime);
-            amr.setMaxPacketTime(maxPacketTime);
-            placeCodec(amr, stream);
+            AmrCodecConfig amr;
+            negotiateAmr(*choice.amrCaps, format.band, format.payloadType, choice.amrParameters,
+                         amr);
+            placeCodec(amr, packetTime, maxPacketTime, stream);
         } else if (&format == choice.events) {
-            DtmfCodecConfig dtmf;
-            (void)dtmf.setBandType(format.band);
-            dtmf.setPayloadType(format.payloadType);
-            dtmf.setPacketTime(packetTime);
-            dtmf.setMaxPacketTime(maxPacketTime);
-            placeCodec(dtmf, stream);
+            DtmfCodecConfig dtmf = telephoneEvent(format);
+            placeCodec(dtmf, packetTime, maxPacketTime, stream);
         }
+    }
+}
+
+// The offer's t= when it reads as two numbers; else, and without one, "0 0".
+std::string_view timing(const Description& offer) {
+    LineCursor lines = offer.sessionLines();
+    Line line;
+    while (lines.next(line)) {
+        if (line.type() != 't') {
+            continue;
+        }
+        std::string_view value = line.value();
+        uint64_t unused;
+        if (parseDecimal(nextField(value), UINT64_MAX, unused) &&
+            parseDecimal(nextField(value), UINT64_MAX, unused) && trim(value).empty()) {
+            return line.value();
+        }
+        break;
+    }
+    return "0 0";
+}
+
+// One m= line per offered one: the chosen section answered, every other one rejected with its
+// type, protocol and formats (quoted, so that no byte of the offer can break a line).
+void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
+                 const StreamConfig& stream, const std::string& localIp, int localPort,
+                 const Origin& origin, std::string& text) {
+    LineWriter writer(text);
+    writer.sessionPart(origin, localIp, timing(offer));
+    SectionCursor sections = offer.sections();
+    MediaSection section;
+    const AmrFmtpText fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amrParameters);
+    while (sections.next(section)) {
+        if (section.index == remote.section.index) {
+            writeStreamMedia(writer, stream, localIp, localPort, &fmtp);
+            continue;
+        }
+        writer.text("m=").token(section.type).text(" 0 ").token(section.protocol);
+        std::string_view formats = section.formats;
+        for (std::string_view token = nextField(formats); !token.empty();
+             token = nextField(formats)) {
+            writer.text(" ").token(token);
+        }
+        writer.end();
     }
 }
 
 }  // namespace
 
 Result answerOffer(const std::string& offer, const StreamCapabilities& local,
-                   const std::string& localIp, int localPort, const Origin& /*origin*/,
+                   const std::string& localIp, int localPort, const Origin& origin,
                    StreamConfig& negotiated, std::string& answer) {
+    Result result = checkOrigin(origin);
+    if (result.isSuccess()) {
+        result = checkLocalEndpoint(localIp, localPort);
+    }
     Description parsed;
-    StreamConfig stream;
+    if (result.isSuccess()) {
+        result = Description::parse(offer, parsed);
+    }
     RemoteMedia remote;
-    Result result = readRemoteMedia(offer, parsed, stream, remote);
+    Choice choice;
+    if (result.isSuccess()) {
+        result = chooseSection(parsed, local, remote, choice);
+    }
     if (result.isFailure()) {
         return result;
     }
-    if (!supportsProfile(local, remote.profile)) {
-        return refusalAt(remote.media->mediaLine, StreamConfig::InvalidConfiguration,
-                         "Unsupported profile");
-    }
-    Choice choice;
-    if (!choose(remote, local, choice)) {
-        return refusalAt(remote.media->mediaLine, StreamConfig::InvalidConfiguration,
-                         "No common codec");
-    }
-    (void)stream.setDirection(mirror(remote.direction));
-    stream.setRtpProfile(remote.profile);
-    const RtcpConfig rtcp = answeredRtcp(local, remote);
-    stream.setRtcpConfig(rtcp);
-    // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
-    stream.setRtcp(rtcp.getRs() != 0 || rtcp.getRr() != 0);
-    addCodecs(remote, choice, stream);
-
-    // The stream's one AMR codec is the kept format.
-    answer = writeMedia(stream, localIp, localPort, [&choice](const AmrCodecConfig&) {
-        return answerAmrParameters(*choice.amrCaps, *choice.amr);
-    });
-    negotiated = stream;
+    // Nothing below refuses: both outputs are written in place.
+    negotiate(remote, local, choice, negotiated);
+    std::string text;
+    text.reserve(kBodyReserve);
+    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, text);
+    answer.swap(text);
     return result;
 }
 

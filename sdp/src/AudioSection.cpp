@@ -1,12 +1,10 @@
 #include "AudioSection.h"
 
-#include "Refusal.h"
+#include <velmora/rune/Utils.h>
+
 #include "syntax/SdpLine.h"
 
-#include <array>
 #include <limits>
-#include <string>
-#include <utility>
 
 namespace velmora {
 namespace rune {
@@ -14,134 +12,232 @@ namespace sdp {
 
 namespace {
 
-const uint64_t kMaxPayloadType = 127;
 const uint32_t kNarrowBandClock = 8000;
 const uint32_t kWideBandClock = 16000;
-
-// An a=rtpmap or a=fmtp of one payload type: what follows the payload type.
-struct FormatAttribute {
-    const Line* line = nullptr;
-    std::string_view text;
-};
-
-typedef std::array<FormatAttribute, kMaxPayloadType + 1> FormatAttributes;
-
-// Blanks after the colon are tolerated; a payload type that cannot be read leaves the line out.
-// The first line for a payload type counts.
-FormatAttributes findFormatAttributes(const std::vector<Line>& lines, std::string_view wanted) {
-    FormatAttributes found;
-    for (const Line& line : lines) {
-        std::string_view name;
-        std::string_view value;
-        if (line.type() != 'a') {
-            continue;
-        }
-        Description::splitAttribute(line, name, value);
-        if (name != wanted) {
-            continue;
-        }
-        value = trim(value);
-        const std::string_view digits = leadingDigits(value);
-        uint64_t payloadType;
-        if ((digits.size() < value.size() && !isBlank(value[digits.size()])) ||
-            !parseDecimal(digits, kMaxPayloadType, payloadType)) {
-            continue;
-        }
-        FormatAttribute& attribute = found[static_cast<size_t>(payloadType)];
-        if (attribute.line == nullptr) {
-            attribute.line = &line;
-            attribute.text = trim(value.substr(digits.size()));
-        }
-    }
-    return found;
-}
+const uint8_t kUnlisted = 0xFF;
 
 // "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
 void classify(RemoteFormat& format) {
-    const std::vector<std::string_view> parts = split(format.encoding, '/');
+    PieceCursor parts(format.encoding, '/');
+    std::string_view name;
+    std::string_view clockText;
+    std::string_view channelsText;
+    std::string_view extra;
+    parts.next(name);
+    const bool hasClock = parts.next(clockText);
+    const bool hasChannels = parts.next(channelsText);
     uint64_t clock;
     uint64_t channels = 1;
-    if (parts.size() < 2 || parts.size() > 3 ||
-        !parseDecimal(parts[1], std::numeric_limits<uint32_t>::max(), clock) ||
-        (parts.size() == 3 &&
-         !parseDecimal(parts[2], std::numeric_limits<uint32_t>::max(), channels)) ||
+    if (!hasClock || parts.next(extra) ||
+        !parseDecimal(clockText, std::numeric_limits<uint32_t>::max(), clock) ||
+        (hasChannels &&
+         !parseDecimal(channelsText, std::numeric_limits<uint32_t>::max(), channels)) ||
         channels != 1) {
         return;
     }
-    if (equalsIgnoreCase(parts[0], "AMR") && clock == kNarrowBandClock) {
+    if (equalsIgnoreCase(name, "AMR") && clock == kNarrowBandClock) {
         format.kind = RemoteFormat::Amr;
         format.band = BandTypeNb;
-    } else if (equalsIgnoreCase(parts[0], "AMR-WB") && clock == kWideBandClock) {
+    } else if (equalsIgnoreCase(name, "AMR-WB") && clock == kWideBandClock) {
         format.kind = RemoteFormat::Amr;
         format.band = BandTypeWb;
-    } else if (equalsIgnoreCase(parts[0], "telephone-event") &&
+    } else if (equalsIgnoreCase(name, "telephone-event") &&
                (clock == kNarrowBandClock || clock == kWideBandClock)) {
         format.kind = RemoteFormat::TelephoneEvent;
         format.band = clock == kNarrowBandClock ? BandTypeNb : BandTypeWb;
     }
 }
 
-StreamConfig::Result readPayloadTypes(const Description::Media& media,
-                                      std::vector<RemoteFormat>& formats) {
-    std::array<bool, kMaxPayloadType + 1> listed{};
-    for (std::string_view token : media.formats) {
+StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
+                                      std::array<uint8_t, kMaxPayloadType + 1>& index) {
+    index.fill(kUnlisted);
+    std::string_view tokens = section.formats;
+    for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
         uint64_t payloadType;
         if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
-            return refusalAt(media.mediaLine, StreamConfig::InvalidParam,
+            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
                              "Bad payload type: ", token);
         }
         // The model would refuse the second codec too, but would not release it.
-        if (listed[static_cast<size_t>(payloadType)]) {
-            return refusalAt(media.mediaLine, StreamConfig::InvalidParam,
+        if (index[payloadType] != kUnlisted) {
+            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
                              "A codec with the same payload type ", payloadType,
                              " is already present");
         }
-        listed[static_cast<size_t>(payloadType)] = true;
-        RemoteFormat format;
+        index[payloadType] = static_cast<uint8_t>(remote.formatCount);
+        RemoteFormat& format = remote.formats[remote.formatCount++];
+        format = RemoteFormat();
         format.payloadType = static_cast<int>(payloadType);
-        formats.push_back(format);
     }
     return StreamConfig::Result::success();
 }
 
-const Line* findFirst(const std::vector<Line>& lines, char type) {
-    for (const Line& line : lines) {
-        if (line.type() == type) {
-            return &line;
+// The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
+// after the colon are tolerated; a payload type that cannot be read, or that the m= line does
+// not list, leaves the line out.
+RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
+                       const std::array<uint8_t, kMaxPayloadType + 1>& index,
+                       std::string_view& rest) {
+    value = trim(value);
+    const std::string_view digits = leadingDigits(value);
+    uint64_t payloadType;
+    if ((digits.size() < value.size() && !isBlank(value[digits.size()])) ||
+        !parseDecimal(digits, kMaxPayloadType, payloadType) || index[payloadType] == kUnlisted) {
+        return nullptr;
+    }
+    rest = trim(value.substr(digits.size()));
+    return &remote.formats[index[payloadType]];
+}
+
+bool readDirection(std::string_view value, std::optional<StreamConfig::Direction>& direction) {
+    if (value == "sendrecv") {
+        direction = StreamConfig::DirectionFullDuplex;
+    } else if (value == "sendonly") {
+        direction = StreamConfig::DirectionSendOnly;
+    } else if (value == "recvonly") {
+        direction = StreamConfig::DirectionReceiveOnly;
+    } else if (value == "inactive") {
+        direction = StreamConfig::DirectionInactive;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// The lines that may come from either level; the first one of each counts.
+struct SharedLines {
+    Line connection;
+    std::optional<StreamConfig::Direction> direction;
+    std::optional<uint32_t> as;
+    std::optional<uint32_t> rs;
+    std::optional<uint32_t> rr;
+
+    // True when line is one of them.
+    bool take(const Line& line);
+};
+
+bool SharedLines::take(const Line& line) {
+    switch (line.type()) {
+        case 'c':
+            if (!connection.exists()) {
+                connection = line;
+            }
+            return true;
+        case 'b': {
+            std::string_view modifier;
+            uint32_t bandwidth;
+            Description::parseBandwidth(line.value(), modifier, bandwidth);
+            std::optional<uint32_t>* target = modifier == "AS"   ? &as
+                                              : modifier == "RS" ? &rs
+                                              : modifier == "RR" ? &rr
+                                                                 : nullptr;
+            if (target != nullptr && !*target) {
+                *target = bandwidth;
+            }
+            return true;
+        }
+        case 'a':
+            return !direction && readDirection(line.value(), direction);
+        default:
+            return false;
+    }
+}
+
+// What the media lines hold besides the shared ones.
+struct MediaLines {
+    SharedLines shared;
+    // The first a=ptime or a=maxptime whose value is not a number.
+    Line badPacketTime;
+    std::string_view badPacketTimeValue;
+};
+
+// The one walk over the section's lines.
+void scanSection(const MediaSection& section, RemoteMedia& remote,
+                 const std::array<uint8_t, kMaxPayloadType + 1>& index, MediaLines& found) {
+    LineCursor lines = section.lines();
+    Line line;
+    while (lines.next(line)) {
+        if (found.shared.take(line) || line.type() != 'a') {
+            continue;
+        }
+        std::string_view name;
+        std::string_view value;
+        Description::splitAttribute(line, name, value);
+        std::string_view rest;
+        if (name == "rtpmap" || name == "fmtp") {
+            RemoteFormat* format = formatOf(value, remote, index, rest);
+            if (format == nullptr) {
+                continue;
+            }
+            if (name == "fmtp") {
+                if (!format->fmtp.exists()) {
+                    format->fmtp = line;
+                    format->fmtpText = rest;
+                }
+            } else if (format->encoding.data() == nullptr) {
+                format->encoding = rest;
+            }
+        } else if (name == "ptime" || name == "maxptime") {
+            std::optional<uint32_t>& target =
+                name == "ptime" ? remote.packetTime : remote.maxPacketTime;
+            uint64_t milliseconds;
+            if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
+                if (!found.badPacketTime.exists()) {
+                    found.badPacketTime = line;
+                    found.badPacketTimeValue = value;
+                }
+            } else if (!target) {
+                target = static_cast<uint32_t>(milliseconds);
+            }
+        } else if (name == "rtcp-rsize") {
+            remote.reducedSize = true;
         }
     }
-    return nullptr;
 }
 
-StreamConfig::Result readAddress(const Description& description, const Description::Media& media,
-                                 StreamConfig& endpoint) {
-    const Line* connection = findFirst(media.lines, 'c');
-    if (connection == nullptr) {
-        connection = findFirst(description.sessionLines(), 'c');
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+// Letters, digits, '-' and '.', with a letter among them: a name to resolve, not an address.
+bool isDomainName(std::string_view address) {
+    bool letter = false;
+    for (char c : address) {
+        if (isLetter(c)) {
+            letter = true;
+        } else if (!(c >= '0' && c <= '9') && c != '-' && c != '.') {
+            return false;
+        }
     }
-    if (connection == nullptr) {
-        return refusalAt(media.mediaLine, StreamConfig::InvalidConfiguration,
-                         "No connection address");
-    }
+    return letter;
+}
+
+StreamConfig::Result readAddress(const Line& connection, RemoteMedia& remote) {
     std::string_view address;
-    Description::parseConnection(connection->value(), address);
-    const StreamConfig::Result result = endpoint.setRemoteIp(std::string(address));
-    return result.isFailure() ? atLine(*connection, result) : result;
+    Description::parseConnection(connection.value(), address);
+    remote.address.assign(address.data(), address.size());
+    if (Utils::isValidIpAddress(remote.address)) {
+        return StreamConfig::Result::success();
+    }
+    if (isDomainName(address)) {
+        return refusalAt(connection, StreamConfig::InvalidConfiguration,
+                         "Connection address is a domain name");
+    }
+    // The model's own words.
+    StreamConfig probe;
+    return atLine(connection, probe.setRemoteIp(remote.address));
 }
 
-StreamConfig::Result readFormats(const Description::Media& media,
-                                 std::vector<RemoteFormat>& formats) {
-    const FormatAttributes rtpmaps = findFormatAttributes(media.lines, "rtpmap");
-    const FormatAttributes fmtps = findFormatAttributes(media.lines, "fmtp");
-    for (RemoteFormat& format : formats) {
-        format.encoding = rtpmaps[format.payloadType].text;
-        format.fmtp = fmtps[format.payloadType].line;
-        if (rtpmaps[format.payloadType].line != nullptr) {
+StreamConfig::Result readFormats(RemoteMedia& remote) {
+    for (unsigned i = 0; i < remote.formatCount; ++i) {
+        RemoteFormat& format = remote.formats[i];
+        if (format.encoding.data() != nullptr) {
             classify(format);
         }
-        if (format.kind == RemoteFormat::Amr && format.fmtp != nullptr) {
-            StreamConfig::Result result =
-                readAmrParameters(fmtps[format.payloadType].text, *format.fmtp, format.amr);
+        AmrParameters unused;
+        if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
+            const StreamConfig::Result result =
+                readAmrParameters(format.fmtpText, format.fmtp, format.band, unused);
             if (result.isFailure()) {
                 return result;
             }
@@ -150,160 +246,117 @@ StreamConfig::Result readFormats(const Description::Media& media,
     return StreamConfig::Result::success();
 }
 
-StreamConfig::Result readPacketTimes(const Description::Media& media, RemoteMedia& remote) {
-    for (const Line& line : media.lines) {
-        std::string_view name;
-        std::string_view value;
-        if (line.type() != 'a') {
-            continue;
-        }
-        Description::splitAttribute(line, name, value);
-        std::optional<uint32_t>* target = name == "ptime"      ? &remote.packetTime
-                                          : name == "maxptime" ? &remote.maxPacketTime
-                                                               : nullptr;
-        if (target == nullptr) {
-            continue;
-        }
-        uint64_t milliseconds;
-        if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
-            return refusalAt(line, StreamConfig::InvalidParam, "Bad packet time: ", value);
-        }
-        if (!*target) {
-            *target = static_cast<uint32_t>(milliseconds);
-        }
-    }
-    return StreamConfig::Result::success();
-}
-
-bool findDirection(const std::vector<Line>& lines, StreamConfig::Direction& direction) {
-    for (const Line& line : lines) {
-        if (line.type() != 'a') {
-            continue;
-        }
-        const std::string_view value = line.value();
-        if (value == "sendrecv") {
-            direction = StreamConfig::DirectionFullDuplex;
-        } else if (value == "sendonly") {
-            direction = StreamConfig::DirectionSendOnly;
-        } else if (value == "recvonly") {
-            direction = StreamConfig::DirectionReceiveOnly;
-        } else if (value == "inactive") {
-            direction = StreamConfig::DirectionInactive;
-        } else {
-            continue;
-        }
-        return true;
-    }
-    return false;
-}
-
-std::optional<uint32_t> findBandwidth(const std::vector<Line>& lines, std::string_view wanted) {
-    for (const Line& line : lines) {
-        std::string_view modifier;
-        uint32_t bandwidth;
-        if (line.type() == 'b' && Description::parseBandwidth(line.value(), modifier, bandwidth) &&
-            modifier == wanted) {
-            return bandwidth;
-        }
-    }
-    return std::nullopt;
-}
-
-// Per modifier: a media-level b=AS does not hide a session-level b=RR.
-std::optional<uint32_t> findBandwidth(const Description& description,
-                                      const Description::Media& media, std::string_view wanted) {
-    const std::optional<uint32_t> bandwidth = findBandwidth(media.lines, wanted);
-    return bandwidth ? bandwidth : findBandwidth(description.sessionLines(), wanted);
-}
-
-bool hasAttribute(const std::vector<Line>& lines, std::string_view wanted) {
-    for (const Line& line : lines) {
-        std::string_view name;
-        std::string_view value;
-        if (line.type() == 'a') {
-            Description::splitAttribute(line, name, value);
-            if (name == wanted) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
-StreamConfig::Result readRemoteMedia(const Description& description, StreamConfig& endpoint,
-                                     RemoteMedia& out) {
-    const Description::Media* media = description.firstActiveAudio();
-    if (media == nullptr) {
-        return refusal(StreamConfig::InvalidConfiguration, "No audio stream");
+AmrParameters RemoteFormat::amrParameters() const {
+    AmrParameters parameters;
+    if (fmtp.exists()) {
+        (void)readAmrParameters(fmtpText, fmtp, band, parameters);
     }
-    RemoteMedia remote;
-    remote.media = media;
-    StreamConfig::Result result = endpoint.setRemoteRtpPort(media->port);
+    return parameters;
+}
+
+const RemoteFormat* RemoteMedia::find(int payloadType) const {
+    for (const RemoteFormat& format : *this) {
+        if (format.payloadType == payloadType) {
+            return &format;
+        }
+    }
+    return nullptr;
+}
+
+bool isSupportedTransport(std::string_view protocol) {
+    return protocol == "RTP/AVP" || protocol == "RTP/AVPF";
+}
+
+bool qualifies(const MediaSection& section) {
+    return section.isActiveAudio() && isSupportedTransport(section.protocol);
+}
+
+StreamConfig::Result readSection(const Description& description, const MediaSection& section,
+                                 RemoteMedia& out) {
+    out.section = section;
+    out.formatCount = 0;
+    out.reducedSize = false;
+    out.packetTime.reset();
+    out.maxPacketTime.reset();
+    if (!Utils::isValidSocketPort(section.port)) {
+        StreamConfig probe;
+        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+    }
+    out.port = section.port;
+    if (!isSupportedTransport(section.protocol)) {
+        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                         "Unsupported transport: ", section.protocol);
+    }
+    out.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
+    std::array<uint8_t, kMaxPayloadType + 1> index;
+    StreamConfig::Result result = readPayloadTypes(section, out, index);
     if (result.isFailure()) {
-        return atLine(media->mediaLine, result);
+        return result;
     }
-    if (media->protocol == "RTP/AVP") {
-        remote.profile = RtpProfileAvp;
-    } else if (media->protocol == "RTP/AVPF") {
-        remote.profile = RtpProfileAvpf;
-    } else {
-        return refusalAt(media->mediaLine, StreamConfig::InvalidParam,
-                         "Unsupported transport: ", media->protocol);
+    MediaLines found;
+    scanSection(section, out, index, found);
+    // Session-level lines fill in per kind what the section does not say.
+    SharedLines session;
+    LineCursor lines = description.sessionLines();
+    Line line;
+    while (lines.next(line)) {
+        session.take(line);
     }
-    result = readPayloadTypes(*media, remote.formats);
+    const Line& connection =
+        found.shared.connection.exists() ? found.shared.connection : session.connection;
+    if (!connection.exists()) {
+        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
+                         "No connection address");
+    }
+    result = readAddress(connection, out);
     if (result.isSuccess()) {
-        result = readAddress(description, *media, endpoint);
+        result = readFormats(out);
     }
-    if (result.isSuccess()) {
-        result = readFormats(*media, remote.formats);
-    }
-    if (result.isSuccess()) {
-        result = readPacketTimes(*media, remote);
+    if (result.isSuccess() && found.badPacketTime.exists()) {
+        result = refusalAt(found.badPacketTime, StreamConfig::InvalidParam,
+                           "Bad packet time: ", found.badPacketTimeValue);
     }
     if (result.isFailure()) {
         return result;
     }
-    if (!findDirection(media->lines, remote.direction)) {
-        findDirection(description.sessionLines(), remote.direction);
-    }
-    remote.as = findBandwidth(description, *media, "AS");
-    remote.rs = findBandwidth(description, *media, "RS");
-    remote.rr = findBandwidth(description, *media, "RR");
-    remote.reducedSize = hasAttribute(media->lines, "rtcp-rsize");
-    out = std::move(remote);
+    out.direction = found.shared.direction.value_or(
+        session.direction.value_or(StreamConfig::DirectionFullDuplex));
+    out.as = found.shared.as ? found.shared.as : session.as;
+    out.rs = found.shared.rs ? found.shared.rs : session.rs;
+    out.rr = found.shared.rr ? found.shared.rr : session.rr;
     return result;
 }
 
-StreamConfig::Result readRemoteMedia(const std::string& text, Description& parsed,
-                                     StreamConfig& endpoint, RemoteMedia& out) {
-    StreamConfig::Result result = Description::parse(text, parsed);
-    if (result.isFailure()) {
-        return result;
+bool findFirstActiveAudio(const Description& description, MediaSection& section) {
+    SectionCursor sections = description.sections();
+    while (sections.next(section)) {
+        if (section.isActiveAudio()) {
+            return true;
+        }
     }
-    return readRemoteMedia(parsed, endpoint, out);
+    return false;
 }
 
-StreamConfig::Direction mirror(StreamConfig::Direction direction) {
-    switch (direction) {
-        case StreamConfig::DirectionSendOnly:
-            return StreamConfig::DirectionReceiveOnly;
-        case StreamConfig::DirectionReceiveOnly:
-            return StreamConfig::DirectionSendOnly;
-        default:
-            return direction;
-    }
+StreamConfig::Result noAudioStream() {
+    return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                 "No audio stream");
 }
 
-void placeCodec(const CodecConfig& codec, StreamConfig& stream) {
-    // The reader refused repeated payload types, so the lists accept every codec.
-    if (stream.hasUplink()) {
-        (void)stream.addUplinkCodec(codec);
+StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out) {
+    SectionCursor sections = description.sections();
+    MediaSection section;
+    while (sections.next(section)) {
+        if (qualifies(section)) {
+            return readSection(description, section, out);
+        }
     }
-    if (stream.hasDownlink() || !stream.hasUplink()) {
-        (void)stream.addDownlinkCodec(codec);
+    // Not one qualifies: the first active audio section's refusal explains why.
+    if (!findFirstActiveAudio(description, section)) {
+        return noAudioStream();
     }
+    return readSection(description, section, out);
 }
 
 }  // namespace sdp

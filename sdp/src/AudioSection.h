@@ -1,10 +1,9 @@
 // The audio section of a remote description as its sender wrote it: endpoint, profile,
-// direction, RTCP bandwidths, packet times and formats, each AMR format with its fmtp
-// parameters. Reading a description and answering an offer both start from it.
+// direction, RTCP bandwidths, packet times and formats. Reading a description, answering an
+// offer and accepting an answer all start from it.
 #ifndef VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H
 #define VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H
 
-#include <velmora/rune/CodecConfig.h>
 #include <velmora/rune/CodecId.h>
 #include <velmora/rune/Rtp.h>
 #include <velmora/rune/StreamConfig.h>
@@ -12,20 +11,20 @@
 #include "AmrFmtp.h"
 #include "syntax/SessionDescription.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
-#include <vector>
-
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
+const int kMaxPayloadType = 127;
+
 struct RemoteFormat {
-    enum Kind { Amr, TelephoneEvent, Unsupported };
+    enum Kind : uint8_t { Amr, TelephoneEvent, Unsupported };
 
     int payloadType = 0;
     Kind kind = Unsupported;
@@ -33,18 +32,23 @@ struct RemoteFormat {
     BandType band = BandTypeNb;
     // The a=rtpmap text after the payload type; empty when there is none.
     std::string_view encoding;
-    // Null when the format has no a=fmtp.
-    const Line* fmtp = nullptr;
-    // Read for AMR formats only.
-    AmrParameters amr;
+    // The a=fmtp line, and its text after the payload type; no line when there is none.
+    Line fmtp;
+    std::string_view fmtpText;
+
+    // The AMR parameters, read before without a refusal; every default without an a=fmtp.
+    AmrParameters amrParameters() const;
 };
 
 struct RemoteMedia {
-    const Description::Media* media = nullptr;
+    MediaSection section;
+    int port = 0;
+    // Checked by the model's address check.
+    std::string address;
     RtpProfile profile = RtpProfileAvp;
     // As the sender declares it: its a=sendonly is DirectionSendOnly.
     StreamConfig::Direction direction = StreamConfig::DirectionFullDuplex;
-    // RFC 3556 and RFC 8866 b= values; media level first, then session level.
+    // RFC 3556 and RFC 8866 b= values, per modifier: media level, else session level.
     std::optional<uint32_t> as;
     std::optional<uint32_t> rs;
     std::optional<uint32_t> rr;
@@ -52,33 +56,37 @@ struct RemoteMedia {
     // a=ptime and a=maxptime, in ms.
     std::optional<uint32_t> packetTime;
     std::optional<uint32_t> maxPacketTime;
-    // In m= order.
-    std::vector<RemoteFormat> formats;
+    // In m= order; a payload type is listed once at most.
+    std::array<RemoteFormat, kMaxPayloadType + 1> formats;
+    unsigned formatCount = 0;
+
+    const RemoteFormat* begin() const { return formats.data(); }
+    const RemoteFormat* end() const { return formats.data() + formatCount; }
+    // Null when the m= line does not list payloadType.
+    const RemoteFormat* find(int payloadType) const;
 };
 
-// Reads the first audio section with a port other than 0. The remote port and address are set
-// on endpoint as they are met, so that the model's refusals come in their place: port,
-// transport, payload types, address, the AMR formats' fmtp values in m= order, then a=ptime
-// and a=maxptime in line order.
-StreamConfig::Result readRemoteMedia(const Description& description, StreamConfig& endpoint,
-                                     RemoteMedia& out);
+// RTP/AVP or RTP/AVPF.
+bool isSupportedTransport(std::string_view protocol);
+// An audio section with a port other than 0 and a supported transport.
+bool qualifies(const MediaSection& section);
 
-// Parses text into parsed, then reads its audio section as readRemoteMedia does; out points into
-// parsed.
-StreamConfig::Result readRemoteMedia(const std::string& text, Description& parsed,
-                                     StreamConfig& endpoint, RemoteMedia& out);
+// Reads section, refusing in this order: port, transport, payload types, address, the AMR
+// formats' fmtp values in m= order, then a=ptime and a=maxptime in line order.
+StreamConfig::Result readSection(const Description& description, const MediaSection& section,
+                                 RemoteMedia& out);
 
-// The direction of this side when the other side declares direction.
-StreamConfig::Direction mirror(StreamConfig::Direction direction);
+// Reads the first section that qualifies; when none does, refuses as the first active audio
+// section would be refused, and "No audio stream" when there is none.
+StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out);
 
-// Adds a copy of codec to each active direction of stream, and to the downlink when neither is
-// active (an inactive stream keeps its codecs). Its payload type must be new to stream.
-void placeCodec(const CodecConfig& codec, StreamConfig& stream);
+// The first audio section with a port other than 0; false when there is none.
+bool findFirstActiveAudio(const Description& description, MediaSection& section);
+// 1003 "No audio stream".
+StreamConfig::Result noAudioStream();
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_AUDIO_SECTION_H

@@ -1,16 +1,140 @@
 // Writing an offer from the local capabilities.
+#include <velmora/rune/Amr.h>
+#include <velmora/rune/Dtmf.h>
+#include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "Refusal.h"
+#include "AmrAnswer.h"
+#include "AmrFmtp.h"
+#include "AudioSection.h"
+#include "LineWriter.h"
+#include "internal/Results.h"
+
+#include <array>
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
-// TODO(roles): not written yet.
-Result createOffer(const StreamCapabilities&, const std::string&, int, const Origin&,
-                   std::string&) {
-    return refusal(StreamConfig::UnknownError, "Not written yet");
+namespace {
+
+const int kFirstDynamicPayloadType = 96;
+
+// One payload type of the offer.
+struct OfferedFormat {
+    int payloadType = 0;
+    const CodecCapabilities* caps = nullptr;
+    // For AMR.
+    bool octetAligned = false;
+};
+
+// The payload types in the order they are offered: per AMR capability a bandwidth-efficient
+// one (unless it requires octet-align) and an octet-aligned one, then one per DTMF capability.
+// Dynamic payload types run out at 127; capabilities beyond are not offered.
+class OfferedFormats {
+  public:
+    explicit OfferedFormats(const StreamCapabilities& local) {
+        for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
+            const auto* amr =
+                dynamic_cast<const AmrCodecCapabilities*>(local.getCodecCapabilities(i));
+            if (amr != nullptr && !amr->isOctetAlignModeRequired()) {
+                add(amr, false);
+            }
+            if (amr != nullptr) {
+                add(amr, true);
+                mFirstAmr = mFirstAmr == nullptr ? amr : mFirstAmr;
+            }
+        }
+        for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
+            const auto* dtmf =
+                dynamic_cast<const DtmfCodecCapabilities*>(local.getCodecCapabilities(i));
+            if (dtmf != nullptr) {
+                add(dtmf, false);
+            }
+        }
+    }
+
+    const OfferedFormat* begin() const { return mFormats.data(); }
+    const OfferedFormat* end() const { return mFormats.data() + mCount; }
+    // Null without an AmrCodecCapabilities.
+    const AmrCodecCapabilities* firstAmr() const { return mFirstAmr; }
+
+  private:
+    void add(const CodecCapabilities* caps, bool octetAligned) {
+        if (mCount < mFormats.size()) {
+            mFormats[mCount] = OfferedFormat{kFirstDynamicPayloadType + static_cast<int>(mCount),
+                                             caps, octetAligned};
+            ++mCount;
+        }
+    }
+
+    std::array<OfferedFormat, kMaxPayloadType + 1 - kFirstDynamicPayloadType> mFormats;
+    size_t mCount = 0;
+    const AmrCodecCapabilities* mFirstAmr = nullptr;
+};
+
+bool supportsAvp(const StreamCapabilities& local) {
+    const std::set<RtpProfile>& profiles = local.getSupportedRtpProfiles();
+    return profiles.empty() || profiles.count(RtpProfileAvp) > 0;
+}
+
+void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
+                const std::string& localIp, int localPort, const Origin& origin,
+                std::string& text) {
+    LineWriter writer(text);
+    writer.sessionPart(origin, localIp, "0 0");
+    writer.audioMediaStart(localPort, supportsAvp(local) ? RtpProfileAvp : RtpProfileAvpf);
+    for (const OfferedFormat& format : formats) {
+        writer.text(" ").integer(format.payloadType);
+    }
+    writer.end();
+    writer.connection(localIp);
+    const RtcpConfig& rtcp = local.getRTCPcaps();
+    writer.bandwidth("AS", rtcp.getAs());
+    writer.bandwidth("RS", rtcp.getRs());
+    writer.bandwidth("RR", rtcp.getRr());
+    for (const OfferedFormat& format : formats) {
+        const CodecId codec = dynamic_cast<const AmrCodecCapabilities*>(format.caps) != nullptr
+                                  ? CodecIdAmr
+                                  : CodecIdDtmf;
+        writer.rtpmap(format.payloadType, codec, format.caps->getBandType());
+        if (codec == CodecIdAmr) {
+            writeAmrFmtp(writer, format.payloadType,
+                         offerFmtp(static_cast<const AmrCodecCapabilities&>(*format.caps),
+                                   format.octetAligned));
+        } else {
+            writer.fmtpStart(format.payloadType);
+            writer.text("0-15").end();
+        }
+    }
+    writer.packetTimes(formats.firstAmr()->getPacketTime(), formats.firstAmr()->getMaxPacketTime());
+    writer.direction(StreamConfig::DirectionFullDuplex);
+    if (rtcp.isReducedSizeMode()) {
+        writer.attribute("rtcp-rsize");
+    }
+}
+
+}  // namespace
+
+Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
+                   const Origin& origin, std::string& offer) {
+    Result result = checkOrigin(origin);
+    if (result.isSuccess()) {
+        result = checkLocalEndpoint(localIp, localPort);
+    }
+    if (result.isFailure()) {
+        return result;
+    }
+    const OfferedFormats formats(local);
+    if (formats.firstAmr() == nullptr) {
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                     "No codec to offer");
+    }
+    std::string text;
+    text.reserve(kBodyReserve);
+    writeOffer(local, formats, localIp, localPort, origin, text);
+    offer.swap(text);
+    return result;
 }
 
 }  // namespace sdp

@@ -1,48 +1,71 @@
-// Writes the lines of a media description, each ended by CRLF, in the order they are asked for.
+// Writes the lines of a description into one string, each ended by CRLF: whole lines for the
+// session part and the common media lines, and the pieces that the AMR parameters are made of.
 #ifndef VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
 #define VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
 
-#include <velmora/rune/CodecConfig.h>
+#include <velmora/rune/CodecId.h>
 #include <velmora/rune/Rtp.h>
 #include <velmora/rune/StreamConfig.h>
+#include <velmora/rune/sdp/Sdp.h>
 
-#include <sstream>
+#include <cstdint>
 #include <string>
-#include <vector>
-
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
+#include <string_view>
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
-class MediaWriter {
+class LineWriter {
   public:
-    // m=audio with the payload types of codecs, in order; RTP/AVPF or else RTP/AVP.
-    void media(int port, RtpProfile profile, const std::vector<const CodecConfig*>& codecs);
+    explicit LineWriter(std::string& out) : mOut(out) {}
+
+    LineWriter& text(std::string_view text);
+    LineWriter& number(uint64_t number);
+    LineWriter& integer(int64_t number);
+    // Untrusted text, quoted as refusals quote it.
+    LineWriter& token(std::string_view token);
+    // CRLF.
+    void end();
+
+    // v=0, o=, s=-, c= and t= of a body sent from address; timing is the value of t=.
+    void sessionPart(const Origin& origin, std::string_view address, std::string_view timing);
+    // "m=audio <port> <profile>", without the formats and the line end: RTP/AVPF, else RTP/AVP.
+    void audioMediaStart(int port, RtpProfile profile);
     // IP6 when address holds a colon, else IP4.
-    void connection(const std::string& address);
+    void connection(std::string_view address);
     void bandwidth(const char* modifier, unsigned int value);
-    // AMR/8000/1, AMR-WB/16000/1 or telephone-event/8000 or /16000; nothing for other codecs.
-    void rtpmap(const CodecConfig& codec);
-    // Nothing when parameters is empty.
-    void fmtp(int payloadType, const std::string& parameters);
+    // AMR/8000/1, AMR-WB/16000/1, telephone-event/8000 or telephone-event/16000.
+    void rtpmap(int payloadType, CodecId codec, BandType band);
+    // "a=fmtp:<pt> ", without the parameters and the line end.
+    void fmtpStart(int payloadType);
     // a=name, or a=name:value when value is not empty.
-    void attribute(const std::string& name, const std::string& value = std::string());
+    void attribute(std::string_view name, std::string_view value = std::string_view());
+    void packetTimes(unsigned int packetTime, unsigned int maxPacketTime);
     // The attribute of direction as this side declares it: sendrecv, sendonly, ...
     void direction(StreamConfig::Direction direction);
 
-    std::string text() const { return mText.str(); }
-
   private:
-    std::ostringstream mText;
+    std::string& mOut;
 };
+
+// What a body written for sending starts from: room for a whole answer to a usual offer.
+const size_t kBodyReserve = 1024;
+
+struct AmrFmtpText;
+
+// The media section of stream from its m= line on, as writeMediaDescription describes it; the
+// AMR codecs' a=fmtp from answered when it is given, else from each codec's configuration.
+void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
+                      int localPort, const AmrFmtpText* answered);
+
+// The model's refusal of a local address or port; a port is 1-65535.
+StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPort);
+// 1002 "Bad origin username" for a username that is empty or holds a blank or a control byte.
+StreamConfig::Result checkOrigin(const Origin& origin);
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_LINE_WRITER_H

@@ -1,16 +1,18 @@
 #include "syntax/SessionDescription.h"
 
-#include "Refusal.h"
+#include "internal/Results.h"
 #include "syntax/SdpLine.h"
 
 #include <limits>
-#include <utility>
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
 namespace {
+
+// SIP stacks cap whole messages far below this.
+const size_t kMaxDescriptionSize = 65536;
 
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -22,37 +24,48 @@ bool isWellFormed(std::string_view text) {
            text.find('\0') == std::string_view::npos;
 }
 
+StreamConfig::Result badLine(const Line& line, const char* message) {
+    return refusalAt(line, StreamConfig::InvalidParam, message);
+}
+
 }  // namespace
 
 StreamConfig::Result Description::parse(std::string_view text, Description& out) {
-    const std::vector<Line> lines = splitLines(text);
+    if (text.size() > kMaxDescriptionSize) {
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
+                                                     "Description too long");
+    }
     Description description;
+    description.mText = text;
+    description.mSession = text;
+    LineCursor lines(text, 1);
     bool first = true;
-    for (const Line& line : lines) {
-        if (line.text.empty()) {
-            continue;
-        }
+    Line line;
+    while (lines.next(line)) {
         if (first && line.text != "v=0") {
-            return refusalAt(line, StreamConfig::InvalidParam, "Description must start with v=0");
+            return badLine(line, "Description must start with v=0");
         }
         first = false;
         if (!isWellFormed(line.text)) {
-            return refusalAt(line, StreamConfig::InvalidParam, "Bad line");
+            return badLine(line, "Bad line");
         }
         std::string_view unused;
         uint32_t bandwidth;
+        MediaSection media;
         switch (line.type()) {
-            case 'm': {
-                Media media;
+            case 'm':
                 if (!parseMedia(line, media)) {
-                    return refusalAt(line, StreamConfig::InvalidParam, "Bad media line");
+                    return badLine(line, "Bad media line");
                 }
-                description.mMedia.push_back(std::move(media));
-                continue;
-            }
+                if (description.mFirstMediaNumber == 0) {
+                    description.mFirstMediaNumber = line.number;
+                    // The session part ends where the first m= line starts.
+                    description.mSession = text.substr(0, line.text.data() - text.data());
+                }
+                break;
             case 'c':
                 if (!parseConnection(line.value(), unused)) {
-                    return refusalAt(line, StreamConfig::InvalidParam, "Bad connection line");
+                    return badLine(line, "Bad connection line");
                 }
                 break;
             case 'b':
@@ -64,32 +77,62 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
             default:
                 break;
         }
-        (description.mMedia.empty() ? description.mSessionLines : description.mMedia.back().lines)
-            .push_back(line);
     }
     if (first) {
         // Nothing but empty lines: there is no line to name.
-        return refusal(StreamConfig::InvalidParam, "Description must start with v=0");
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
+                                                     "Description must start with v=0");
     }
-    out = std::move(description);
+    out = description;
     return StreamConfig::Result::success();
 }
 
-const Description::Media* Description::firstActiveAudio() const {
-    for (const Media& media : mMedia) {
-        if (media.type == "audio" && media.port != 0) {
-            return &media;
-        }
-    }
-    return nullptr;
-}
-
-bool Description::parseMedia(const Line& line, Media& media) {
-    const std::vector<std::string_view> fields = splitFields(line.value());
-    if (fields.size() < 4) {
+bool SectionCursor::next(MediaSection& section) {
+    LineCursor lines(mRest, mNumber);
+    Line line;
+    // The description was parsed: the first line left is an m= line, and a valid one.
+    if (!lines.next(line) || !Description::parseMedia(line, section)) {
         return false;
     }
-    std::string_view port = fields[1];
+    section.index = mIndex++;
+    const size_t bodyStart = lines.offset();
+    section.mBodyNumber = lines.nextNumber();
+    for (;;) {
+        const size_t offset = lines.offset();
+        const unsigned number = lines.nextNumber();
+        if (!lines.next(line)) {
+            section.mBody = mRest.substr(bodyStart);
+            mRest = std::string_view();
+            return true;
+        }
+        if (line.type() == 'm') {
+            section.mBody = mRest.substr(bodyStart, offset - bodyStart);
+            mRest = mRest.substr(offset);
+            mNumber = number;
+            return true;
+        }
+    }
+}
+
+bool Description::section(unsigned index, MediaSection& section) const {
+    SectionCursor cursor = sections();
+    while (cursor.next(section)) {
+        if (section.index == index) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Description::parseMedia(const Line& line, MediaSection& media) {
+    std::string_view rest = line.value();
+    const std::string_view type = nextField(rest);
+    const std::string_view port = nextField(rest);
+    const std::string_view protocol = nextField(rest);
+    const std::string_view formats = trim(rest);
+    if (formats.empty()) {
+        return false;
+    }
     const size_t slash = port.find('/');
     uint64_t value;
     uint64_t count;
@@ -99,19 +142,21 @@ bool Description::parseMedia(const Line& line, Media& media) {
         return false;
     }
     media.mediaLine = line;
-    media.type = fields[0];
+    media.type = type;
     media.port = static_cast<int>(value);
-    media.protocol = fields[2];
-    media.formats.assign(fields.begin() + 3, fields.end());
+    media.protocol = protocol;
+    media.formats = formats;
     return true;
 }
 
 bool Description::parseConnection(std::string_view value, std::string_view& address) {
-    const std::vector<std::string_view> fields = splitFields(value);
-    if (fields.size() != 3 || fields[0] != "IN" || (fields[1] != "IP4" && fields[1] != "IP6")) {
+    const std::string_view network = nextField(value);
+    const std::string_view family = nextField(value);
+    const std::string_view field = nextField(value);
+    if (network != "IN" || (family != "IP4" && family != "IP6") || !trim(value).empty()) {
         return false;
     }
-    address = fields[2].substr(0, fields[2].find('/'));
+    address = field.substr(0, field.find('/'));
     return !address.empty();
 }
 

@@ -1,6 +1,7 @@
 // A session description split into its session part and its media sections, with the syntax
-// of every line checked: x=value, and the forms of m=, c= and b=. The views point into the
-// text that was parsed, which must outlive the description.
+// of every line checked: x=value, and the forms of m=, c= and b=. Nothing is copied: the views
+// point into the text that was parsed, which must outlive the description, and the sections are
+// found again by scanning, so that reading costs no memory per line.
 #ifndef VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H
 #define VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H
 
@@ -10,39 +11,62 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
-
-// Private to the library: not exported.
-#pragma GCC visibility push(hidden)
 
 namespace velmora {
 namespace rune {
 namespace sdp {
 
+// One media section: its m= line read, and the lines after it up to the next m= line.
+struct MediaSection {
+    Line mediaLine;
+    // "audio", "video", ...
+    std::string_view type;
+    // Without any "/count" suffix.
+    int port = 0;
+    // "RTP/AVP", ...
+    std::string_view protocol;
+    // The format tokens of the m= line, unread, blank-separated.
+    std::string_view formats;
+    // 0 for the first media section.
+    unsigned index = 0;
+
+    LineCursor lines() const { return LineCursor(mBody, mBodyNumber); }
+    bool isActiveAudio() const { return type == "audio" && port != 0; }
+
+  private:
+    friend class SectionCursor;
+    std::string_view mBody;
+    unsigned mBodyNumber = 0;
+};
+
+// The media sections of a description, in order.
+class SectionCursor {
+  public:
+    SectionCursor(std::string_view text, unsigned firstNumber)
+        : mRest(text), mNumber(firstNumber) {}
+
+    bool next(MediaSection& section);
+
+  private:
+    // From the next m= line on.
+    std::string_view mRest;
+    unsigned mNumber;
+    unsigned mIndex = 0;
+};
+
 class Description {
   public:
-    struct Media {
-        Line mediaLine{};
-        // "audio", "video", ...
-        std::string_view type;
-        // Without any "/count" suffix.
-        int port = 0;
-        // "RTP/AVP", ...
-        std::string_view protocol;
-        // The format tokens of the m= line, unread.
-        std::vector<std::string_view> formats;
-        // The lines after the m= line, up to the next m= line; empty lines left out.
-        std::vector<Line> lines;
-    };
-
-    // Refuses the first line whose syntax is wrong; out is complete only on success.
+    // Refuses a text longer than 64 KiB, then the first line whose syntax is wrong; out is
+    // complete only on success.
     static StreamConfig::Result parse(std::string_view text, Description& out);
 
-    // The session-level lines, v= included; empty lines left out.
-    const std::vector<Line>& sessionLines() const { return mSessionLines; }
-    const std::vector<Media>& media() const { return mMedia; }
-    // The first audio section whose port is not 0; null when there is none.
-    const Media* firstActiveAudio() const;
+    // The session-level lines, v= included.
+    LineCursor sessionLines() const { return LineCursor(mSession, 1); }
+    SectionCursor sections() const {
+        return SectionCursor(mText.substr(mSession.size()), mFirstMediaNumber);
+    }
+    // The media section at index; false when there is none.
+    bool section(unsigned index, MediaSection& section) const;
 
     // The address of a c= value "IN IP4 a" or "IN IP6 a", without a "/ttl" or "/count" suffix.
     static bool parseConnection(std::string_view value, std::string_view& address);
@@ -52,17 +76,18 @@ class Description {
     // The name and value of an a= line: "rtpmap" and "97 AMR/8000" for "a=rtpmap:97 AMR/8000".
     static void splitAttribute(const Line& line, std::string_view& name, std::string_view& value);
 
-  private:
-    static bool parseMedia(const Line& line, Media& media);
+    static bool parseMedia(const Line& line, MediaSection& media);
 
-    std::vector<Line> mSessionLines;
-    std::vector<Media> mMedia;
+  private:
+    std::string_view mText;
+    // The text before the first m= line.
+    std::string_view mSession;
+    // The number of the first m= line.
+    unsigned mFirstMediaNumber = 0;
 };
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
-
-#pragma GCC visibility pop
 
 #endif  // VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H

@@ -54,10 +54,20 @@ struct Origin {
     uint64_t sessionVersion = 0;
 };
 
-// Reads the first audio section with a port other than 0 of a remote description. Lines may end
-// in CRLF or LF. On success, stream becomes the stream read (built from a default StreamConfig)
-// and skipped lists the formats left out, in m= order; on a refusal both are left as they were.
-// The stream is not checked: call stream.check() before using it.
+// Untrusted input: a description longer than 64 KiB (65,536 bytes) is refused before it is read,
+// 1002 "Description too long"; reading never reads outside the text and costs memory within twice
+// its size plus a constant. A refusal names its line in the context ("line N: " and the line's
+// text); the context and the message each show at most 120 characters of the input, then "...",
+// and bytes below 0x20 other than tab, and 0x7F, are written \xHH (two upper-case hex digits),
+// as they are in SkippedFormat::encoding.
+
+// Reads the first audio section with a port other than 0 and the protocol RTP/AVP or RTP/AVPF;
+// when there is none, refuses as the first audio section with a port other than 0 is refused
+// ("No audio stream" without one). Lines may end in CRLF or LF. A c= address with the syntax of a
+// domain name is refused with 1003 "Connection address is a domain name", for call control to
+// resolve it and read again. On success, stream becomes the stream read (built from a default
+// StreamConfig) and skipped lists the formats left out, in m= order; on a refusal both are left
+// as they were. The stream is not checked: call stream.check() before using it.
 Result readRemoteDescription(const std::string& description, StreamConfig& stream,
                              std::vector<SkippedFormat>& skipped);
 
@@ -66,16 +76,21 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
 // bandwidths, the direction seen from this side and reduced-size RTCP. localIp is written as
 // "c=IN IP6" when it holds a colon, else as "c=IN IP4". Profiles other than RTP/AVPF are written
 // as RTP/AVP. A stream without codecs gives an m= line without formats, which no reader accepts.
-// An empty string when localIp is not an address the model accepts or localPort is not 1-65535.
+// An empty string when localIp is not an address the model accepts (StreamConfig::setRemoteIp)
+// or localPort is not 1-65535, so that nothing the caller passes can add a line.
 std::string writeMediaDescription(const StreamConfig& stream, const std::string& localIp,
                                   int localPort);
 
 // Answers an offer (RFC 3264; RFC 4867 section 8.3.1 for AMR) from the local capabilities.
-// The answer has one m= line per offered m= line, in order: the chosen audio section (the
-// first RTP/AVP or RTP/AVPF audio section with a port other than 0 whose profile local supports
-// and which has an AMR payload type a local AmrCodecCapabilities accepts) is answered, every other
-// one rejected with port 0. Refusals: those of readRemoteDescription, "Unsupported profile",
-// "No common codec", and the model's refusals of localIp and localPort.
+// The answer is a whole body: v=0, o= from origin and localIp, s=-, c=, the offer's t= (t=0 0
+// when it has none), then one m= line per offered m= line, in order. The audio sections that
+// qualify for reading are tried in order; the first whose profile local supports and that has an
+// AMR payload type a local AmrCodecCapabilities accepts is answered, as writeMediaDescription
+// writes it, and every other section is rejected as "m=<type> 0 <proto> <formats>".
+// Refusals: the model's refusals of localIp and of a localPort outside 1-65535, 1002 "Bad origin
+// username" for an empty username or one with a blank or control byte, those of
+// readRemoteDescription (a tried section's own refusal is the result), and, when no section can
+// be answered, the first audio section's: "Unsupported profile" or "No common codec".
 //
 // On success, negotiated becomes the stream both sides agreed on (the offer's endpoint, the
 // direction mirrored, local RTCP values) and answer the whole answer body. On a refusal both are
@@ -84,18 +99,29 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
                    const std::string& localIp, int localPort, const Origin& origin,
                    StreamConfig& negotiated, std::string& answer);
 
-// Writes an offer of the local capabilities: one audio section on localIp and localPort, each
+// Writes a whole offer of the local capabilities (v=0, o=, s=-, c=, t=0 0, one audio section on
+// localIp and localPort): RTP/AVP when local supports it (an empty set does), else RTP/AVPF; each
 // AMR capability as a bandwidth-efficient and an octet-aligned payload type (only the latter when
-// it requires octet-align), then a telephone-event per DTMF capability, from payload type 96 up.
-// Refusals: "No codec to offer" without an AmrCodecCapabilities, and the model's refusals of
-// localIp and localPort. On a refusal offer is left as it was.
+// it requires octet-align), then a telephone-event per DTMF capability with a=fmtp:<pt> 0-15,
+// from payload type 96 up (capabilities beyond 127 are left out); packet times of the first AMR
+// capability, RTCP from getRTCPcaps(), a=sendrecv. Refusals: the model's refusals of localIp and
+// of a localPort outside 1-65535, "Bad origin username" as answerOffer gives it, and 1003
+// "No codec to offer" without an AmrCodecCapabilities. On a refusal offer is left as it was.
 Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
                    const Origin& origin, std::string& offer);
 
 // Reads the answer to an offer this side sent (both as text) into the stream both sides agreed
-// on, or refuses it: the answer must keep the offer's m= lines, accept the chosen audio section
-// ("Stream rejected"), and keep what RFC 4867 forbids an answerer to change in at least one AMR
-// payload type ("No common codec"). On a refusal negotiated is left as it was; it is not checked.
+// on, or refuses it, in this order: each text as readRemoteDescription refuses it (the offer's
+// chosen section read whole, the answer's line syntax), 1003 "Answer does not match the offer"
+// when the m= lines differ in number or media type, "Stream rejected" when the answer's section
+// at the place of the offer's chosen one has port 0, that section's own refusals as reading gives
+// them, and "No common codec" when no answered AMR payload type keeps what RFC 4867 forbids an
+// answerer to change (octet-align, crc, robust-sorting, interleaving, an offered mode-set;
+// mode-change-period=2 only after mode-change-capability=2). The stream: the answer's endpoint,
+// profile and direction mirrored, its first usable AMR payload type and the telephone-event of
+// that clock rate, packet times the answer's else the offer's, RTCP bandwidths the offer's,
+// reduced size only when both sides listed it. On a refusal negotiated is left as it was; it is
+// not checked.
 Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated);
 
 }  // namespace sdp

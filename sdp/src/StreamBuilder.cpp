@@ -1,0 +1,71 @@
+#include "StreamBuilder.h"
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+StreamConfig::Direction mirror(StreamConfig::Direction direction) {
+    switch (direction) {
+        case StreamConfig::DirectionSendOnly:
+            return StreamConfig::DirectionReceiveOnly;
+        case StreamConfig::DirectionReceiveOnly:
+            return StreamConfig::DirectionSendOnly;
+        default:
+            return direction;
+    }
+}
+
+void startStream(const RemoteMedia& remote, StreamConfig& stream) {
+    stream = StreamConfig();
+    // The reader checked both with the model's own checks.
+    (void)stream.setRemoteIp(remote.address);
+    (void)stream.setRemoteRtpPort(remote.port);
+    (void)stream.setDirection(mirror(remote.direction));
+    stream.setRtpProfile(remote.profile);
+}
+
+void setReadRtcp(const RemoteMedia& remote, StreamConfig& stream) {
+    RtcpConfig rtcp;
+    if (remote.as) {
+        rtcp.setAs(*remote.as);
+    }
+    if (remote.rs) {
+        rtcp.setRs(*remote.rs);
+    }
+    if (remote.rr) {
+        rtcp.setRr(*remote.rr);
+    }
+    rtcp.setReducedSizeMode(remote.reducedSize);
+    stream.setRtcpConfig(rtcp);
+    if (remote.rs == 0U && remote.rr == 0U) {
+        stream.setRtcp(false);
+    }
+}
+
+DtmfCodecConfig telephoneEvent(const RemoteFormat& format) {
+    DtmfCodecConfig dtmf;
+    (void)dtmf.setBandType(format.band);
+    dtmf.setPayloadType(format.payloadType);
+    return dtmf;
+}
+
+void placeCodec(CodecConfig& codec, std::optional<uint32_t> packetTime,
+                std::optional<uint32_t> maxPacketTime, StreamConfig& stream) {
+    if (packetTime) {
+        codec.setPacketTime(*packetTime);
+    }
+    if (maxPacketTime) {
+        codec.setMaxPacketTime(*maxPacketTime);
+    }
+    // The reader refused repeated payload types, so the lists accept every codec.
+    if (stream.hasUplink()) {
+        (void)stream.addUplinkCodec(codec);
+    }
+    if (stream.hasDownlink() || !stream.hasUplink()) {
+        (void)stream.addDownlinkCodec(codec);
+    }
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora

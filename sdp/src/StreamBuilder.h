@@ -1,0 +1,41 @@
+// Builds the stream that reading, answering and accepting give: the remote endpoint, the
+// direction seen from this side, and codecs placed where the directions want them.
+#ifndef VELMORA_RUNE_SDP_SRC_STREAM_BUILDER_H
+#define VELMORA_RUNE_SDP_SRC_STREAM_BUILDER_H
+
+#include <velmora/rune/Dtmf.h>
+#include <velmora/rune/StreamConfig.h>
+
+#include "AudioSection.h"
+
+#include <optional>
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+// The direction of this side when the other side declares direction.
+StreamConfig::Direction mirror(StreamConfig::Direction direction);
+
+// Makes stream a default StreamConfig with the remote endpoint and profile of remote and the
+// direction it declares, mirrored.
+void startStream(const RemoteMedia& remote, StreamConfig& stream);
+
+// RFC 3556 bandwidths as read: a value not given keeps its default; RS and RR both given and
+// both 0 turn RTCP off.
+void setReadRtcp(const RemoteMedia& remote, StreamConfig& stream);
+
+// The telephone-event codec of a format.
+DtmfCodecConfig telephoneEvent(const RemoteFormat& format);
+
+// Sets the packet times that are given, then adds a copy of codec to each active direction of
+// stream, and to the downlink when neither is active (an inactive stream keeps its codecs). Its
+// payload type must be new to stream.
+void placeCodec(CodecConfig& codec, std::optional<uint32_t> packetTime,
+                std::optional<uint32_t> maxPacketTime, StreamConfig& stream);
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora
+
+#endif  // VELMORA_RUNE_SDP_SRC_STREAM_BUILDER_H
