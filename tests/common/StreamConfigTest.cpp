@@ -56,8 +56,9 @@ StreamConfig withNullCodec() {
 
 }  // namespace
 
-// A refused codec leaves its list as it was, the clone being the caller's (a deliberate leak).
-TEST(StreamConfigTest, RefusalsKeepTheStreamAsItWas) {
+// The refused codec's clone is left to the caller, a deliberate leak; the fuzzer sees that a
+// refusal leaves the stream as it was.
+TEST(StreamConfigTest, Refusals) {
     StreamConfig stream;
     const std::string refused = "Invalid Param (Code 1002): ";
     for (const int direction : {4, -1})
@@ -72,9 +73,6 @@ TEST(StreamConfigTest, RefusalsKeepTheStreamAsItWas) {
         refused + "A codec with the same payload type 98 is already present";
     EXPECT_EQ(sameType, stream.addUplinkCodec(AmrCodecConfig()).format());
     EXPECT_EQ(sameType, stream.addDownlinkCodec(AmrCodecConfig()).format());
-    EXPECT_EQ(
-        kDefaultText + dtmfText("  Uplink codec 1/1", 98) + dtmfText("  Downlink codec 1/1", 98),
-        stream.toString());
 }
 
 TEST(StreamConfigTest, RtcpPortFollowsRtpPort) {
