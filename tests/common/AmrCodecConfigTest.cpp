@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 using namespace velmora::rune;
@@ -31,6 +32,24 @@ AmrCodecConfig makeConfig(BandType band, const std::vector<AmrRate>& rates) {
     for (const AmrRate rate : rates) EXPECT_TRUE(config.addAmrRate(rate).isSuccess());
     return config;
 }
+
+typedef void (*Change)(AmrCodecConfig&);
+
+// One change per field, each away from the default, and whether equality takes the field.
+const std::pair<Change, bool> kChanges[] = {
+    {[](AmrCodecConfig& c) { c.setPayloadType(97); }, true},
+    {[](AmrCodecConfig& c) { c.setPacketTime(40); }, false},
+    {[](AmrCodecConfig& c) { c.setMaxPacketTime(80); }, false},
+    {[](AmrCodecConfig& c) { c.setOctetAlignMode(true); }, true},
+    {[](AmrCodecConfig& c) { c.setDTXMode(false); }, true},
+    {[](AmrCodecConfig& c) { c.setRdcyMode(true); }, true},
+    {[](AmrCodecConfig& c) { c.setMaxRdcy(40); }, true},
+    {[](AmrCodecConfig& c) { c.setCrcMode(true); }, true},
+    {[](AmrCodecConfig& c) { c.setRobustSortingMode(true); }, true},
+    {[](AmrCodecConfig& c) { c.setInterleavingMode(true); }, true},
+    {[](AmrCodecConfig& c) { c.setModeChangeNeighbor(true); }, false},
+    {[](AmrCodecConfig& c) { c.setModeChangePeriod(ModeChangePeriodEveryOtherFrame); }, false},
+};
 
 }  // namespace
 
@@ -84,18 +103,7 @@ TEST(AmrCodecConfigTest, ToStringAndCopiesShowEveryField) {
         EXPECT_EQ("Invalid Param (Code 1002): Bad amr rate: " + std::to_string(rate),
                   source.addAmrRate(static_cast<AmrRate>(rate)).format());
     EXPECT_EQ(AmrRateNone, source.getAmrRate(2));
-    source.setPayloadType(97);
-    source.setPacketTime(40);
-    source.setMaxPacketTime(80);
-    source.setOctetAlignMode(true);
-    source.setDTXMode(false);
-    source.setRdcyMode(true);
-    source.setMaxRdcy(40);
-    source.setCrcMode(true);
-    source.setRobustSortingMode(true);
-    source.setInterleavingMode(true);
-    source.setModeChangeNeighbor(true);
-    source.setModeChangePeriod(ModeChangePeriodEveryOtherFrame);
+    for (const auto& change : kChanges) change.first(source);
     EXPECT_EQ(lines({"Codec: AMR (0)", "BandType: 8kHz (0)", "PayloadType: 97", "PacketTime: 40",
                      "MaxPacketTime: 80", "OctetAlignEnabled: 1", "DtxModeEnabled: 0",
                      "RdcyEnabled: 1", "MaxRdcy: 40", "RateCount: 2", "Rates: 7 2 ",
@@ -118,22 +126,12 @@ TEST(AmrCodecConfigTest, CheckReturnsTheFirstFailure) {
 
 // Packet times, mode change settings and rates take no part; different rates only warn.
 TEST(AmrCodecConfigTest, Equality) {
-    std::vector<AmrCodecConfig> configs(10, makeConfig(BandTypeWb, {AmrRate2}));
-    configs[1].setPayloadType(99);
-    configs[2].setBandType(BandTypeNb);
-    configs[3].setOctetAlignMode(true);
-    configs[4].setDTXMode(false);
-    configs[5].setRdcyMode(true);
-    configs[6].setMaxRdcy(2);
-    configs[7].setCrcMode(true);
-    configs[8].setRobustSortingMode(true);
-    configs[9].setInterleavingMode(true);
-    velmora::testing::expectEqualIffSameIndex(configs);
+    const AmrCodecConfig base = makeConfig(BandTypeWb, {AmrRate2});
+    std::vector<AmrCodecConfig> configs = {base, makeConfig(BandTypeNb, {AmrRate2})};
     AmrCodecConfig other = makeConfig(BandTypeWb, {AmrRate7, AmrRate2});
-    other.setPacketTime(60);
-    other.setMaxPacketTime(120);
-    other.setModeChangeNeighbor(true);
-    other.setModeChangePeriod(ModeChangePeriodEveryOtherFrame);
+    for (const auto& [change, compared] : kChanges)
+        change(compared ? configs.emplace_back(base) : other);
+    velmora::testing::expectEqualIffSameIndex(configs);
     ::testing::internal::CaptureStderr();
     EXPECT_FALSE(configs[1] == other);  // no warning when the codecs differ anyway
     EXPECT_TRUE(other == configs[0]);
