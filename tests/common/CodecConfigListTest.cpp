@@ -6,30 +6,10 @@
 
 using namespace velmora::rune;
 
-namespace {
-
-typedef StreamConfig::CodecConfigList CodecConfigList;
-
-// Counts its live instances, so that the list's deletes through the base are seen.
-class CountedCodec : public DtmfCodecConfig {
-  public:
-    explicit CountedCodec(int payloadType) : DtmfCodecConfig() {
-        setPayloadType(payloadType);
-        ++live;
-    }
-    CountedCodec(const CountedCodec& other) : DtmfCodecConfig(other) { ++live; }
-    ~CountedCodec() override { --live; }
-    CodecConfig* clone() const override { return new CountedCodec(*this); }
-    static int live;
-};
-
-int CountedCodec::live = 0;
-
-}  // namespace
-
-// A refused codec stays the caller's. StreamConfigTest refuses a repeated payload type.
+// A refused codec stays the caller's; the list deletes the others (LSan and valgrind watch).
+// StreamConfigTest refuses a repeated payload type and copies lists.
 TEST(CodecConfigListTest, AddRefusesNullAndTheSameCodecTwice) {
-    CodecConfigList list;
+    StreamConfig::CodecConfigList list;
     AmrCodecConfig* amr = new AmrCodecConfig;
     ASSERT_TRUE(list.add(amr).isSuccess());
     EXPECT_EQ("Invalid Param (Code 1002): Null pointer", list.add(nullptr).format());
@@ -40,33 +20,4 @@ TEST(CodecConfigListTest, AddRefusesNullAndTheSameCodecTwice) {
     EXPECT_EQ(amr, list.get(0));
     EXPECT_EQ(dtmf, list.get(1));
     EXPECT_EQ(nullptr, list.get(2));
-}
-
-// The entries replaced, cleared or left at destruction are deleted; a copy onto itself changes
-// nothing.
-TEST(CodecConfigListTest, CloneContentFromCopiesDeeplyAndEveryRemovalDeletes) {
-    {
-        CodecConfigList source, copy;
-        source.add(new CountedCodec(96));
-        source.add(new CountedCodec(97));
-        copy.add(new CountedCodec(100));
-        copy.cloneContentFrom(source);
-        ASSERT_EQ(2u, copy.count());
-        EXPECT_EQ(4, CountedCodec::live);
-        for (unsigned int index = 0; index < 2; ++index) {
-            EXPECT_NE(source.get(index), copy.get(index));
-            EXPECT_TRUE(*source.get(index) == *copy.get(index));
-        }
-        CodecConfig* first = copy.get(0);
-        copy.cloneContentFrom(copy);
-        EXPECT_EQ(first, copy.get(0));
-        copy.cloneContentFrom(CodecConfigList());
-        EXPECT_EQ(0u, copy.count());
-        EXPECT_EQ(2, CountedCodec::live);
-        source.clear();
-        EXPECT_EQ(0u, source.count());
-        EXPECT_EQ(0, CountedCodec::live);
-        source.add(new CountedCodec(96));
-    }
-    EXPECT_EQ(0, CountedCodec::live);
 }

@@ -1,15 +1,16 @@
 #include <velmora/rune/Dtmf.h>
 
+#include "ValueChecks.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <memory>
 #include <string>
 #include <vector>
 
 using namespace velmora::rune;
 
-TEST(DtmfCodecConfigTest, DefaultsPassCheckAndNarrowBandIsAccepted) {
+TEST(DtmfCodecConfigTest, DefaultsNarrowBandAndCopies) {
     DtmfCodecConfig config;
     EXPECT_EQ(
         "    Codec: DTMF (1)\n"
@@ -20,17 +21,24 @@ TEST(DtmfCodecConfigTest, DefaultsPassCheckAndNarrowBandIsAccepted) {
         config.toString());
     EXPECT_EQ("Success", config.check().format());
     EXPECT_TRUE(config.setBandType(BandTypeNb).isSuccess());
+    config.setPayloadType(101);
+    config.setPacketTime(40);
+    config.setMaxPacketTime(80);
+    velmora::testing::expectCopiesEqual(config, DtmfCodecConfig());
 }
 
-TEST(DtmfCodecCapabilitiesTest, DefaultsAndClone) {
+TEST(DtmfCodecCapabilitiesTest, DefaultsAndCopies) {
     DtmfCodecCapabilities source;
     EXPECT_EQ(CodecIdDtmf, source.getCodecId());
     EXPECT_EQ(BandTypeWb, source.getBandType());
     EXPECT_EQ(std::vector<unsigned>({20, 240, 1}),
               std::vector<unsigned>(
                   {source.getPacketTime(), source.getMaxPacketTime(), source.getChannelCount()}));
+    source.setBandType(BandTypeNb);
+    source.setPacketTime(40);
+    source.setMaxPacketTime(80);
     source.setChannelCount(2);
-    EXPECT_TRUE(*std::unique_ptr<CodecCapabilities>(source.clone()) == source);
+    velmora::testing::expectCopiesEqual(source, DtmfCodecCapabilities());
 }
 
 // RFC 4733 event codes; any other character leaves the key untouched.

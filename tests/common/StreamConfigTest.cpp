@@ -3,11 +3,13 @@
 #include <velmora/rune/StreamConfig.h>
 
 #include "ReportPattern.h"
+#include "ValueChecks.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <tuple>
+#include <utility>
 
 using namespace velmora::rune;
 
@@ -23,15 +25,14 @@ const std::string kDefaultText =
     "  RtpProfile: 3551\n"
     "  PdpContext: primaryCID=1 secondaryCID=1\n";
 
-std::string dtmfText(int payloadType) {
-    return "    Codec: DTMF (1)\n    BandType: 16kHz (1)\n    PayloadType: " +
-           std::to_string(payloadType) + "\n    PacketTime: 20\n    MaxPacketTime: 240\n";
-}
-
 DtmfCodecConfig dtmf(int payloadType) {
     DtmfCodecConfig codec;
     codec.setPayloadType(payloadType);
     return codec;
+}
+
+std::string dtmfText(const std::string& heading, int payloadType) {
+    return heading + "\n" + dtmf(payloadType).toString();
 }
 
 // The clone of a fertile codec is barren; a barren codec clones into null.
@@ -44,17 +45,20 @@ class FadingCodec : public DtmfCodecConfig {
     bool mFertile;
 };
 
-// Its copies get a null first uplink codec.
-const StreamConfig& withFadingCodec(StreamConfig& stream) {
+// A copy of a stream holding a fading codec first, so with a null first uplink codec.
+StreamConfig withNullCodec() {
+    StreamConfig stream;
     stream.addUplinkCodec(FadingCodec(true));
     stream.addUplinkCodec(dtmf(101));
     stream.addDownlinkCodec(dtmf(101));
-    return stream;
+    return StreamConfig(stream);
 }
 
 }  // namespace
 
-TEST(StreamConfigTest, RefusedSettersKeepTheDefaults) {
+// The refused codec's clone is left to the caller, a deliberate leak; the fuzzer sees that a
+// refusal leaves the stream as it was.
+TEST(StreamConfigTest, Refusals) {
     StreamConfig stream;
     const std::string refused = "Invalid Param (Code 1002): ";
     for (const int direction : {4, -1})
@@ -63,16 +67,21 @@ TEST(StreamConfigTest, RefusedSettersKeepTheDefaults) {
     EXPECT_EQ(refused + "Invalid socket port: 80", stream.setRemoteRtpPort(80).format());
     EXPECT_EQ(refused + "Invalid internet address : 999.1.1.1",
               stream.setRemoteIp("999.1.1.1").format());
-    EXPECT_EQ(kDefaultText, stream.toString());
+    stream.addUplinkCodec(dtmf(98));
+    stream.addDownlinkCodec(dtmf(98));
+    const std::string sameType =
+        refused + "A codec with the same payload type 98 is already present";
+    EXPECT_EQ(sameType, stream.addUplinkCodec(AmrCodecConfig()).format());
+    EXPECT_EQ(sameType, stream.addDownlinkCodec(AmrCodecConfig()).format());
 }
 
 TEST(StreamConfigTest, RtcpPortFollowsRtpPort) {
     StreamConfig stream;
     EXPECT_EQ(49151, stream.getRemoteRtcpPort());
-    ASSERT_TRUE(stream.setRemoteRtpPort(65534).isSuccess());
-    EXPECT_EQ(65535, stream.getRemoteRtcpPort());
-    ASSERT_TRUE(stream.setRemoteRtpPort(65535).isSuccess());
-    EXPECT_EQ(-1, stream.getRemoteRtcpPort());
+    for (const auto& [port, rtcpPort] : {std::pair{65534, 65535}, std::pair{65535, -1}}) {
+        ASSERT_TRUE(stream.setRemoteRtpPort(port).isSuccess());
+        EXPECT_EQ(rtcpPort, stream.getRemoteRtcpPort());
+    }
 }
 
 // Codecs must be present for each active direction; then each codec's own check() counts, its
@@ -112,7 +121,6 @@ TEST(StreamConfigTest, CheckReturnsTheFirstFailure) {
     EXPECT_EQ(invalid + "{" + invalid + "Amr rate list is empty.}", stream.check().format());
 }
 
-// Every field away from its default; the copies are deep, and a copy onto itself changes nothing.
 TEST(StreamConfigTest, ToStringAndCopiesShowEveryFieldAndCodec) {
     StreamConfig source;
     source.setRemoteIp("192.0.2.7");
@@ -127,7 +135,7 @@ TEST(StreamConfigTest, ToStringAndCopiesShowEveryFieldAndCodec) {
     source.addUplinkCodec(dtmf(99));
     source.addUplinkCodec(dtmf(101));
     source.addDownlinkCodec(dtmf(100));
-    const std::string expected =
+    EXPECT_EQ(
         "  Remote: 192.0.2.7:50000\n"
         "  Mute: 1\n"
         "  Direction : Send only (1)\n"
@@ -135,52 +143,24 @@ TEST(StreamConfigTest, ToStringAndCopiesShowEveryFieldAndCodec) {
         "  RtcpConfig: AS=50 RS=600 RR=400 interval=2500  ReducedSizeMode=1\n"
         "  IsHeld: 1\n"
         "  RtpProfile: 4585\n"
-        "  PdpContext: primaryCID=3 secondaryCID=5\n"
-        "  Uplink codec 1/2\n" +
-        dtmfText(99) + "  Uplink codec 2/2\n" + dtmfText(101) + "  Downlink codec 1/1\n" +
-        dtmfText(100);
-    EXPECT_EQ(expected, source.toString());
-    StreamConfig assigned;
-    assigned.addDownlinkCodec(dtmf(96));
-    assigned = source;
-    StreamConfig copy(source);
-    for (const StreamConfig* target : {&copy, &assigned}) {
-        EXPECT_EQ(expected, target->toString());
-        EXPECT_NE(source.getUplinkCodec(1), target->getUplinkCodec(1));
-        EXPECT_NE(source.getDownlinkCodec(0), target->getDownlinkCodec(0));
-    }
-    const CodecConfig* first = source.getUplinkCodec(0);
-    StreamConfig& self = source;
-    source = self;
-    EXPECT_EQ(first, source.getUplinkCodec(0));
-    EXPECT_EQ(expected, source.toString());
-}
-
-TEST(StreamConfigTest, RefusedAddLeavesListUnchanged) {
-    StreamConfig stream;
-    stream.addUplinkCodec(dtmf(98));
-    stream.addDownlinkCodec(dtmf(98));
-    const std::string refusal =
-        "Invalid Param (Code 1002): A codec with the same payload type 98 is already present";
-    EXPECT_EQ(refusal, stream.addUplinkCodec(AmrCodecConfig()).format());
-    EXPECT_EQ(refusal, stream.addDownlinkCodec(AmrCodecConfig()).format());
-    EXPECT_EQ(kDefaultText + "  Uplink codec 1/1\n" + dtmfText(98) + "  Downlink codec 1/1\n" +
-                  dtmfText(98),
-              stream.toString());
+        "  PdpContext: primaryCID=3 secondaryCID=5\n" +
+            dtmfText("  Uplink codec 1/2", 99) + dtmfText("  Uplink codec 2/2", 101) +
+            dtmfText("  Downlink codec 1/1", 100),
+        source.toString());
+    StreamConfig other;
+    other.addDownlinkCodec(dtmf(96));
+    velmora::testing::expectCopiesEqual(source, other);
 }
 
 // A null codec ends the listing; a codec can still be added behind it.
 TEST(StreamConfigTest, NullCodecEndsListing) {
-    StreamConfig stream;
-    StreamConfig broken(withFadingCodec(stream));
-    ASSERT_EQ(nullptr, broken.getUplinkCodec(0));
-    EXPECT_EQ(kDefaultText + "  Downlink codec 1/1\n" + dtmfText(101), broken.toString());
+    StreamConfig broken = withNullCodec();
+    EXPECT_EQ(kDefaultText + dtmfText("  Downlink codec 1/1", 101), broken.toString());
     EXPECT_TRUE(broken.addUplinkCodec(dtmf(102)).isSuccess());
 }
 
 TEST(StreamConfigDeathTest, NullCodecAborts) {
-    StreamConfig stream;
-    const StreamConfig broken(withFadingCodec(stream));
+    const StreamConfig broken = withNullCodec();
     EXPECT_DEATH(static_cast<void>(broken.check()),
                  velmora::testing::assertionPattern("common/src/StreamConfig.cpp", "config != NULL",
                                                     "Codec is null"));

@@ -7,35 +7,26 @@
 namespace velmora {
 namespace testing {
 
-// An anchored regular expression that matches exactly `report`, where each "<line>" stands for
-// a source line number.
-inline std::string reportPattern(const std::string& report) {
-    static const std::string kLine = "<line>";
-    std::string pattern = "^";
-    for (size_t i = 0; i < report.size(); ++i) {
-        if (report.compare(i, kLine.size(), kLine) == 0) {
-            pattern += "[0-9]+";
-            i += kLine.size() - 1;
-        } else {
-            if (std::string("\\^$.|?*+()[]{}").find(report[i]) != std::string::npos) {
-                pattern += '\\';
-            }
-            pattern += report[i];
-        }
+// A regular expression that matches `text` and nothing else.
+inline std::string literal(const std::string& text) {
+    std::string pattern;
+    for (const char c : text) {
+        if (std::string("\\^$.|?*+()[]{}").find(c) != std::string::npos) pattern += '\\';
+        pattern += c;
     }
-    return pattern + "$";
+    return pattern;
 }
 
-// The report of a broken invariant on standard error.
+// The report of a broken invariant on standard error, at any line of `source`.
 inline std::string assertionPattern(const std::string& source, const std::string& condition,
                                     const std::string& message) {
-    return reportPattern("F/VELMORA " + source + ":<line>: Assertion " + condition +
-                         " failed: " + message + "\n");
+    return "^F/VELMORA " + literal(source) + ":[0-9]+" +
+           literal(": Assertion " + condition + " failed: " + message) + "\n$";
 }
 
 // The report of a failed argument check, as this test program's __android_log_assert writes it.
 inline std::string platformAssertionPattern(const std::string& condition) {
-    return reportPattern("__android_log_assert(\"" + condition + "\", \"OSKAL\", NULL)\n");
+    return "^" + literal("__android_log_assert(\"" + condition + "\", \"OSKAL\", NULL)") + "\n$";
 }
 
 }  // namespace testing

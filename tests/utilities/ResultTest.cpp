@@ -3,14 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
-#include <cstring>
 #include <string>
 #include <tuple>
 
 using velmora::rune::CodecConfig;
-using velmora::utilities::result::ErrnoTrait;
-using velmora::utilities::result::Result;
 
 namespace {
 
@@ -72,10 +68,4 @@ TEST(ResultTest, AppendWritesDecimalNumbers) {
     ConfigResult::Append<int>::run(result, -5);
     ConfigResult::Append<int>::run(result, 0);
     EXPECT_EQ("rate: -50", result.mMessage);
-}
-
-TEST(ResultTest, ErrnoResultsUseTheSystemText) {
-    EXPECT_EQ(std::string(std::strerror(EINVAL)) + " (Code 22)",
-              Result<ErrnoTrait>(EINVAL).format());
-    EXPECT_EQ("Success", Result<ErrnoTrait>(0).format());
 }

@@ -1,0 +1,172 @@
+// Reads its input as a session description, up to its last NUL if there is one; the bytes after
+// that NUL change the local capabilities of rune-sdp (bands, supported modes, AMR options,
+// redundancy, profiles, address and port). The description is read as a remote one, answered as an
+// offer, and accepted as the answer to the offer rune-sdp writes by default; an offer is written
+// from the chosen capabilities, answered from them and its answer accepted, which must succeed.
+// Whatever the bytes: a refusal leaves the outputs as they were, every body written reads again,
+// and nothing the library returns for printing holds a control byte other than a tab (and, in
+// bodies, the CRLF that ends each line).
+#include <velmora/rune/Amr.h>
+#include <velmora/rune/Dtmf.h>
+#include <velmora/rune/StreamCapabilities.h>
+#include <velmora/rune/StreamConfig.h>
+#include <velmora/rune/sdp/Sdp.h>
+
+#include "DefaultCapabilities.h"
+#include "Require.h"
+
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace velmora::rune;
+
+const char* const kSession = "v=0\r\no=- 0 0 IN IP4 192.0.2.1\r\ns=-\r\nt=0 0\r\n";
+
+bool printable(const std::string& text) {
+    for (const char c : text) {
+        if ((static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F) return false;
+    }
+    return true;
+}
+
+// Lines ended by CRLF, printable between them.
+bool isBody(const std::string& body) {
+    size_t start = 0;
+    for (size_t end = body.find("\r\n"); end != std::string::npos; end = body.find("\r\n", start)) {
+        if (!printable(body.substr(start, end - start))) return false;
+        start = end + 2;
+    }
+    return !body.empty() && start == body.size();
+}
+
+bool reads(const std::string& body) {
+    StreamConfig stream;
+    std::vector<sdp::SkippedFormat> skipped;
+    return sdp::readRemoteDescription(body, stream, skipped).isSuccess();
+}
+
+// Outputs that a refusal must leave as they are.
+struct Outputs {
+    StreamConfig stream;
+    std::vector<sdp::SkippedFormat> skipped{{0, "untouched"}};
+    std::string body = "untouched";
+
+    Outputs() { (void)stream.setRemoteIp("192.0.2.99"); }
+    bool untouched() const {
+        return stream.toString() == Outputs().stream.toString() && skipped == Outputs().skipped &&
+               body == "untouched";
+    }
+};
+
+// A refusal prints safely and leaves the outputs alone; a written body reads again.
+bool written(const sdp::Result& result, const Outputs& out) {
+    REQUIRE(printable(result.format()));
+    if (result.isFailure()) {
+        REQUIRE(out.untouched());
+        return false;
+    }
+    REQUIRE(isBody(out.body) && reads(out.body));
+    return true;
+}
+
+// The tool's capabilities, changed where the input says.
+StreamCapabilities localCapabilities(FuzzedDataProvider& in) {
+    const StreamCapabilities defaults = tools::defaultCapabilities();
+    StreamCapabilities local;
+    for (unsigned int index = 0; index < defaults.getCodecCapabilityCount(); ++index) {
+        const CodecCapabilities* codec = defaults.getCodecCapabilities(index);
+        const auto* amr = dynamic_cast<const AmrCodecCapabilities*>(codec);
+        if (in.ConsumeBool()) continue;  // left out
+        if (amr == nullptr || !in.ConsumeBool()) {
+            local.addCodecCapabilities(*codec);
+            continue;
+        }
+        AmrCodecCapabilities changed(*amr);
+        changed.setBandType(in.ConsumeBool() ? BandTypeWb : BandTypeNb);
+        const auto modes = in.ConsumeIntegral<uint16_t>();
+        for (int mode = 0; mode <= 8; ++mode) {
+            if ((modes & (1u << mode)) != 0) (void)changed.addSupportedAmrRate(AmrRate(mode));
+        }
+        changed.setOctetAlignModeRequired(in.ConsumeBool());
+        changed.setCrcModeSupport(in.ConsumeBool());
+        changed.setRobustSortingModeSupport(in.ConsumeBool());
+        changed.setInterleavingModeSupport(in.ConsumeBool());
+        (void)changed.setModeChangeCapability(ModeChangeCapability(in.ConsumeBool()));
+        (void)changed.setModeChangePeriod(ModeChangePeriod(in.ConsumeBool()));
+        changed.setModeChangeNeighborRequired(in.ConsumeBool());
+        changed.setRdcyModeSupport(in.ConsumeBool());
+        changed.setMaxSupportedRdcy(in.ConsumeIntegralInRange(-1, 300));
+        local.addCodecCapabilities(changed);
+    }
+    const bool someProfiles = in.ConsumeBool();
+    if (!someProfiles || in.ConsumeBool()) local.addRtpProfile(RtpProfileAvp);
+    if (!someProfiles || in.ConsumeBool()) local.addRtpProfile(RtpProfileAvpf);
+    return local;
+}
+
+// The remote description read, and written back as a media description that reads the same.
+void readAndWrite(const std::string& description) {
+    Outputs read;
+    const sdp::Result result = sdp::readRemoteDescription(description, read.stream, read.skipped);
+    REQUIRE(printable(result.format()));
+    if (result.isFailure()) {
+        REQUIRE(read.untouched());
+        return;
+    }
+    for (const sdp::SkippedFormat& format : read.skipped) REQUIRE(printable(format.encoding));
+    const StreamConfig& stream = read.stream;
+    const std::string media =
+        sdp::writeMediaDescription(stream, stream.getRemoteIp(), stream.getRemoteRtpPort());
+    if (stream.getUplinkCodecCount() + stream.getDownlinkCodecCount() == 0) return;
+    REQUIRE(isBody(media) && reads(kSession + media));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string input(reinterpret_cast<const char*>(data), size);
+    const size_t split = std::min(input.rfind('\0'), size);
+    const std::string description = input.substr(0, split);
+    FuzzedDataProvider in(data + split, size - split);
+    const StreamCapabilities local = localCapabilities(in);
+    const char* const addresses[] = {"192.0.2.1", "2001:db8::1", "192.0.2.300"};
+    const std::string localIp = addresses[in.ConsumeBool() ? in.ConsumeIntegralInRange(1, 2) : 0];
+    const int localPort = in.ConsumeBool() ? in.ConsumeIntegral<int>() : 49150;
+    const sdp::Origin origin{"-", in.ConsumeIntegral<uint64_t>(), in.ConsumeIntegral<uint64_t>()};
+
+    readAndWrite(description);
+
+    Outputs answered;
+    written(sdp::answerOffer(description, local, localIp, localPort, origin, answered.stream,
+                             answered.body),
+            answered);
+
+    static const std::string kDefaultOffer = [] {
+        std::string offer;
+        (void)sdp::createOffer(tools::defaultCapabilities(), "192.0.2.1", 49150, sdp::Origin(),
+                               offer);
+        return offer;
+    }();
+    Outputs accepted;
+    const sdp::Result acceptance = sdp::acceptAnswer(kDefaultOffer, description, accepted.stream);
+    REQUIRE(printable(acceptance.format()) && (acceptance.isSuccess() || accepted.untouched()));
+
+    Outputs offered;
+    if (!written(sdp::createOffer(local, localIp, localPort, origin, offered.body), offered)) {
+        return 0;
+    }
+    Outputs answer;
+    if (written(sdp::answerOffer(offered.body, local, localIp, localPort, origin, answer.stream,
+                                 answer.body),
+                answer)) {
+        StreamConfig negotiated;
+        REQUIRE(sdp::acceptAnswer(offered.body, answer.body, negotiated).isSuccess());
+    }
+    return 0;
+}
