@@ -212,13 +212,9 @@ StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPor
         return StreamConfig::Result::success();
     }
     // The model's words; it refuses privileged ports for remote ends, not for this one.
+    // The caller's own values, not network input: the message stays unquoted.
     StreamConfig probe;
-    StreamConfig::Result result =
-        goodAddress ? probe.setRemoteRtpPort(localPort) : probe.setRemoteIp(localIp);
-    std::string message;
-    appendQuoted(message, result.mMessage);
-    result.mMessage = std::move(message);
-    return result;
+    return goodAddress ? probe.setRemoteRtpPort(localPort) : probe.setRemoteIp(localIp);
 }
 
 StreamConfig::Result checkOrigin(const Origin& origin) {
