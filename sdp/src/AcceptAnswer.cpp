@@ -84,18 +84,32 @@ bool matches(const Description& offer, const Description& answer) {
     }
 }
 
+// The answer's values are read as describe reads them, its chosen section's, before its
+// structure; the stream at the offer's position comes after.
 StreamConfig::Result readAnswer(const Description& offer, const RemoteMedia& offered,
                                 const Description& answer, RemoteMedia& answered, Choice& choice) {
+    MediaSection section;
+    const bool read = findChosenSection(answer, section);
+    StreamConfig::Result result =
+        read ? readSection(answer, section, answered, ConnectionRule::CheckedLater)
+             : StreamConfig::Result::success();
+    if (result.isFailure()) {
+        return result;
+    }
     if (!matches(offer, answer)) {
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
                                                      "Answer does not match the offer");
     }
-    MediaSection section;
-    answer.section(offered.section.index, section);
-    if (section.port == 0) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "Stream rejected");
+    if (!read || section.index != offered.section.index) {
+        answer.section(offered.section.index, section);
+        if (section.port == 0) {
+            return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
+                             "Stream rejected");
+        }
+        result = readSection(answer, section, answered);
+    } else if (!answered.connection.exists()) {
+        result = noConnectionAddress(section);
     }
-    StreamConfig::Result result = readSection(answer, section, answered);
     if (result.isSuccess() && !choose(offered, answered, choice)) {
         return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec");
     }

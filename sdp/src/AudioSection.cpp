@@ -270,8 +270,9 @@ bool qualifies(const MediaSection& section) {
 }
 
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out) {
+                                 RemoteMedia& out, ConnectionRule rule) {
     out.section = section;
+    out.address.clear();
     out.formats.clear();
     out.reducedSize = false;
     out.packetTime.reset();
@@ -300,13 +301,14 @@ StreamConfig::Result readSection(const Description& description, const MediaSect
     while (lines.next(line)) {
         session.take(line);
     }
-    const Line& connection =
+    out.connection =
         found.shared.connection.exists() ? found.shared.connection : session.connection;
-    if (!connection.exists()) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
-                         "No connection address");
+    if (!out.connection.exists() && rule == ConnectionRule::Required) {
+        return noConnectionAddress(section);
     }
-    result = readAddress(connection, out);
+    if (out.connection.exists()) {
+        result = readAddress(out.connection, out);
+    }
     if (result.isSuccess()) {
         result = readFormats(out);
     }
@@ -340,19 +342,26 @@ StreamConfig::Result noAudioStream() {
                                                  "No audio stream");
 }
 
-StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out) {
+StreamConfig::Result noConnectionAddress(const MediaSection& section) {
+    return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
+                     "No connection address");
+}
+
+bool findChosenSection(const Description& description, MediaSection& section) {
     SectionCursor sections = description.sections();
-    MediaSection section;
     while (sections.next(section)) {
         if (qualifies(section)) {
-            return readSection(description, section, out);
+            return true;
         }
     }
     // Not one qualifies: the first active audio section's refusal explains why.
-    if (!findFirstActiveAudio(description, section)) {
-        return noAudioStream();
-    }
-    return readSection(description, section, out);
+    return findFirstActiveAudio(description, section);
+}
+
+StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out) {
+    MediaSection section;
+    return findChosenSection(description, section) ? readSection(description, section, out)
+                                                   : noAudioStream();
 }
 
 }  // namespace sdp

@@ -43,7 +43,9 @@ struct RemoteFormat {
 struct RemoteMedia {
     MediaSection section;
     int port = 0;
-    // Checked by the model's address check.
+    // The c= line that gives the address; none when the description has none for the section.
+    Line connection;
+    // Checked by the model's address check; empty without a connection line.
     std::string address;
     RtpProfile profile = RtpProfileAvp;
     // As the sender declares it: its a=sendonly is DirectionSendOnly.
@@ -71,14 +73,24 @@ bool isSupportedTransport(std::string_view protocol);
 // An audio section with a port other than 0 and a supported transport.
 bool qualifies(const MediaSection& section);
 
+// Whether a section without a c= line is refused as it is read, or later by the caller (an
+// answer's values come before its structure, its missing address after).
+enum class ConnectionRule { Required, CheckedLater };
+
 // Reads section, refusing in this order: port, transport, payload types, address, the AMR
 // formats' fmtp values in m= order, then a=ptime and a=maxptime in line order.
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out);
+                                 RemoteMedia& out, ConnectionRule rule = ConnectionRule::Required);
 
-// Reads the first section that qualifies; when none does, refuses as the first active audio
-// section would be refused, and "No audio stream" when there is none.
+// The first section that qualifies, else the first active audio section, whose refusal explains
+// why none qualifies; false when there is no active audio section.
+bool findChosenSection(const Description& description, MediaSection& section);
+
+// Reads the chosen section; "No audio stream" when there is none.
 StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out);
+
+// 1003 "No connection address", context the section's m= line.
+StreamConfig::Result noConnectionAddress(const MediaSection& section);
 
 // The first audio section with a port other than 0; false when there is none.
 bool findFirstActiveAudio(const Description& description, MediaSection& section);
