@@ -84,23 +84,17 @@ bool matches(const Description& offer, const Description& answer) {
     }
 }
 
-// The answer's values are read as describe reads them, its chosen section's, before its
-// structure; the stream at the offer's position comes after.
-StreamConfig::Result readAnswer(const Description& offer, const RemoteMedia& offered,
-                                const Description& answer, RemoteMedia& answered, Choice& choice) {
-    MediaSection section;
-    const bool read = findChosenSection(answer, section);
-    StreamConfig::Result result =
-        read ? readSection(answer, section, answered, ConnectionRule::CheckedLater)
-             : StreamConfig::Result::success();
-    if (result.isFailure()) {
-        return result;
-    }
+// The answer's values, its chosen section's, were read as describe reads them; its structure
+// comes next, then the stream at the offer's position.
+StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
+                                 const Description& answer, RemoteMedia& answered, Choice& choice) {
     if (!matches(offer, answer)) {
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
                                                      "Answer does not match the offer");
     }
-    if (!read || section.index != offered.section.index) {
+    StreamConfig::Result result = StreamConfig::Result::success();
+    MediaSection section = answered.section;
+    if (!section.mediaLine.exists() || section.index != offered.section.index) {
         answer.section(offered.section.index, section);
         if (section.port == 0) {
             return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
@@ -147,19 +141,16 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
 
 Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
     Description offerParsed;
-    Result result = Description::parse(offer, offerParsed);
     RemoteMedia offered;
-    if (result.isSuccess()) {
-        result = readChosenSection(offerParsed, offered);
-    }
+    Result result = readDescription(offer, offerParsed, offered);
     Description answerParsed;
-    if (result.isSuccess()) {
-        result = Description::parse(answer, answerParsed);
-    }
     RemoteMedia answered;
+    if (result.isSuccess()) {
+        result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater);
+    }
     Choice choice;
     if (result.isSuccess()) {
-        result = readAnswer(offerParsed, offered, answerParsed, answered, choice);
+        result = checkAnswer(offerParsed, offered, answerParsed, answered, choice);
     }
     if (result.isFailure()) {
         return result;

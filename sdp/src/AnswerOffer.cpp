@@ -93,17 +93,23 @@ StreamConfig::Result refusal(const RemoteMedia& remote, const StreamCapabilities
                : refusalAt(remote.section.mediaLine, StreamConfig::InvalidConfiguration, reason);
 }
 
-// The first qualifying section that can be answered. A refusal other than the profile's or the
-// codecs' is the result; when none can be, the first active audio section's refusal.
+// The first qualifying section that can be answered, starting with remote, the first one, read
+// already. A refusal other than the profile's or the codecs' is the result; when none can be
+// answered, the first active audio section's refusal.
 StreamConfig::Result chooseSection(const Description& offer, const StreamCapabilities& local,
                                    RemoteMedia& remote, Choice& choice) {
+    StreamConfig::Result result = refusal(remote, local, choice);
+    if (result.isSuccess()) {
+        return result;
+    }
+    const unsigned tried = remote.section.index;
     SectionCursor sections = offer.sections();
     MediaSection section;
     while (sections.next(section)) {
-        if (!qualifies(section)) {
+        if (section.index <= tried || !qualifies(section)) {
             continue;
         }
-        StreamConfig::Result result = readSection(offer, section, remote);
+        result = readSection(offer, section, remote);
         if (result.isFailure()) {
             return result;
         }
@@ -112,10 +118,10 @@ StreamConfig::Result chooseSection(const Description& offer, const StreamCapabil
             return result;
         }
     }
-    if (!findFirstActiveAudio(offer, section)) {
-        return noAudioStream();
-    }
-    StreamConfig::Result result = readSection(offer, section, remote);
+    // There is one: a qualifying section was read.
+    findFirstActiveAudio(offer, section);
+    result = readSection(offer, section, remote);
+    choice = Choice();
     return result.isFailure() ? result : refusal(remote, local, choice);
 }
 
@@ -203,10 +209,10 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
         result = checkLocalEndpoint(localIp, localPort);
     }
     Description parsed;
-    if (result.isSuccess()) {
-        result = Description::parse(offer, parsed);
-    }
     RemoteMedia remote;
+    if (result.isSuccess()) {
+        result = readDescription(offer, parsed, remote);
+    }
     Choice choice;
     if (result.isSuccess()) {
         result = chooseSection(parsed, local, remote, choice);

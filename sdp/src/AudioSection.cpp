@@ -95,109 +95,69 @@ RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
     return &remote.formats[index[payloadType]];
 }
 
-bool readDirection(std::string_view value, std::optional<StreamConfig::Direction>& direction) {
-    if (value == "sendrecv") {
-        direction = StreamConfig::DirectionFullDuplex;
-    } else if (value == "sendonly") {
-        direction = StreamConfig::DirectionSendOnly;
-    } else if (value == "recvonly") {
-        direction = StreamConfig::DirectionReceiveOnly;
-    } else if (value == "inactive") {
-        direction = StreamConfig::DirectionInactive;
-    } else {
-        return false;
-    }
-    return true;
-}
-
 // The lines that may come from either level; the first one of each counts.
 struct SharedLines {
     Line connection;
+    // Of the connection line.
+    std::string_view address;
     std::optional<StreamConfig::Direction> direction;
     std::optional<uint32_t> as;
     std::optional<uint32_t> rs;
     std::optional<uint32_t> rr;
 
-    // True when line is one of them.
-    bool take(const Line& line);
+    void takeConnection(const Line& line, const LineValues& values);
+    void takeBandwidth(const LineValues& values);
+    // Nothing when direction is known already or text is no direction.
+    void takeDirection(std::string_view text);
 };
 
-bool SharedLines::take(const Line& line) {
-    switch (line.type()) {
-        case 'c':
-            if (!connection.exists()) {
-                connection = line;
-            }
-            return true;
-        case 'b': {
-            std::string_view modifier;
-            uint32_t bandwidth;
-            Description::parseBandwidth(line.value(), modifier, bandwidth);
-            std::optional<uint32_t>* target = modifier == "AS"   ? &as
-                                              : modifier == "RS" ? &rs
-                                              : modifier == "RR" ? &rr
-                                                                 : nullptr;
-            if (target != nullptr && !*target) {
-                *target = bandwidth;
-            }
-            return true;
-        }
-        case 'a':
-            return !direction && readDirection(line.value(), direction);
-        default:
-            return false;
+void SharedLines::takeConnection(const Line& line, const LineValues& values) {
+    if (!connection.exists()) {
+        connection = line;
+        address = values.address;
     }
 }
 
-// What the media lines hold besides the shared ones.
-struct MediaLines {
-    SharedLines shared;
-    // The first a=ptime or a=maxptime whose value is not a number.
-    Line badPacketTime;
-    std::string_view badPacketTimeValue;
-};
+void SharedLines::takeBandwidth(const LineValues& values) {
+    const std::string_view modifier = values.modifier;
+    std::optional<uint32_t>* target = modifier == "AS"   ? &as
+                                      : modifier == "RS" ? &rs
+                                      : modifier == "RR" ? &rr
+                                                         : nullptr;
+    if (target != nullptr && !*target) {
+        *target = values.bandwidth;
+    }
+}
 
-// The one walk over the section's lines.
-void scanSection(const MediaSection& section, RemoteMedia& remote,
-                 const std::array<uint8_t, kMaxPayloadType + 1>& index, MediaLines& found) {
-    LineCursor lines = section.lines();
-    Line line;
-    while (lines.next(line)) {
-        if (found.shared.take(line) || line.type() != 'a') {
-            continue;
-        }
-        std::string_view name;
-        std::string_view value;
-        Description::splitAttribute(line, name, value);
-        std::string_view rest;
-        if (name == "rtpmap" || name == "fmtp") {
-            RemoteFormat* format = formatOf(value, remote, index, rest);
-            if (format == nullptr) {
-                continue;
-            }
-            if (name == "fmtp") {
-                if (!format->fmtp.exists()) {
-                    format->fmtp = line;
-                    format->fmtpText = rest;
-                }
-            } else if (format->encoding.data() == nullptr) {
-                format->encoding = rest;
-            }
-        } else if (name == "ptime" || name == "maxptime") {
-            std::optional<uint32_t>& target =
-                name == "ptime" ? remote.packetTime : remote.maxPacketTime;
-            uint64_t milliseconds;
-            if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
-                if (!found.badPacketTime.exists()) {
-                    found.badPacketTime = line;
-                    found.badPacketTimeValue = value;
-                }
-            } else if (!target) {
-                target = static_cast<uint32_t>(milliseconds);
-            }
-        } else if (name == "rtcp-rsize") {
-            remote.reducedSize = true;
-        }
+void SharedLines::takeDirection(std::string_view text) {
+    if (direction) {
+        return;
+    }
+    if (text == "sendrecv") {
+        direction = StreamConfig::DirectionFullDuplex;
+    } else if (text == "sendonly") {
+        direction = StreamConfig::DirectionSendOnly;
+    } else if (text == "recvonly") {
+        direction = StreamConfig::DirectionReceiveOnly;
+    } else if (text == "inactive") {
+        direction = StreamConfig::DirectionInactive;
+    }
+}
+
+// The session-level lines that sections inherit.
+void takeSessionLine(SharedLines& session, const Line& line, const LineValues& values) {
+    switch (line.type()) {
+        case 'c':
+            session.takeConnection(line, values);
+            break;
+        case 'b':
+            session.takeBandwidth(values);
+            break;
+        case 'a':
+            session.takeDirection(line.value());
+            break;
+        default:
+            break;
     }
 }
 
@@ -218,9 +178,8 @@ bool isDomainName(std::string_view address) {
     return letter;
 }
 
-StreamConfig::Result readAddress(const Line& connection, RemoteMedia& remote) {
-    std::string_view address;
-    Description::parseConnection(connection.value(), address);
+StreamConfig::Result readAddress(const Line& connection, std::string_view address,
+                                 RemoteMedia& remote) {
     remote.address.assign(address.data(), address.size());
     if (Utils::isValidIpAddress(remote.address)) {
         return StreamConfig::Result::success();
@@ -250,6 +209,198 @@ StreamConfig::Result readFormats(RemoteMedia& remote) {
     return StreamConfig::Result::success();
 }
 
+// One section read in one walk: its payload types first, then its lines one by one, then the
+// checks in their order.
+class SectionScan {
+  public:
+    explicit SectionScan(RemoteMedia& out) : mOut(out) {}
+
+    // Starts reading section; its lines are worth scanning only when scanning() says so.
+    void start(const MediaSection& section);
+    bool scanning() const { return mPayloadTypes.isSuccess(); }
+    void take(const Line& line, const LineValues& values);
+    // Session-level lines fill in per kind what the section does not say.
+    StreamConfig::Result finish(const SharedLines& session, SectionRule rule);
+
+  private:
+    void takeAttribute(const Line& line);
+
+    RemoteMedia& mOut;
+    std::array<uint8_t, kMaxPayloadType + 1> mIndex{};
+    StreamConfig::Result mPayloadTypes = StreamConfig::Result::success();
+    SharedLines mShared;
+    // The first a=ptime or a=maxptime whose value is not a number.
+    Line mBadPacketTime;
+    std::string_view mBadPacketTimeValue;
+};
+
+void SectionScan::start(const MediaSection& section) {
+    mOut.section = section;
+    mOut.connection = Line();
+    mOut.address.clear();
+    mOut.formats.clear();
+    mOut.reducedSize = false;
+    mOut.packetTime.reset();
+    mOut.maxPacketTime.reset();
+    mPayloadTypes = readPayloadTypes(section, mOut, mIndex);
+}
+
+void SectionScan::take(const Line& line, const LineValues& values) {
+    switch (line.type()) {
+        case 'c':
+            mShared.takeConnection(line, values);
+            break;
+        case 'b':
+            mShared.takeBandwidth(values);
+            break;
+        case 'a':
+            takeAttribute(line);
+            break;
+        default:
+            break;
+    }
+}
+
+void SectionScan::takeAttribute(const Line& line) {
+    std::string_view name;
+    std::string_view value;
+    Description::splitAttribute(line, name, value);
+    // The names differ in length but for the packet times and the directions.
+    switch (name.size()) {
+        case 4:
+        case 6:
+            if (name == "rtpmap" || name == "fmtp") {
+                std::string_view rest;
+                RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
+                if (format == nullptr) {
+                    break;
+                }
+                if (name.size() == 4) {
+                    if (!format->fmtp.exists()) {
+                        format->fmtp = line;
+                        format->fmtpText = rest;
+                    }
+                } else if (format->encoding.data() == nullptr) {
+                    format->encoding = rest;
+                }
+            }
+            break;
+        case 5:
+        case 8:
+            if (name == "ptime" || name == "maxptime") {
+                std::optional<uint32_t>& target =
+                    name.size() == 5 ? mOut.packetTime : mOut.maxPacketTime;
+                uint64_t milliseconds;
+                if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
+                    if (!mBadPacketTime.exists()) {
+                        mBadPacketTime = line;
+                        mBadPacketTimeValue = value;
+                    }
+                } else if (!target) {
+                    target = static_cast<uint32_t>(milliseconds);
+                }
+            } else {
+                mShared.takeDirection(line.value());
+            }
+            break;
+        case 10:
+            if (name == "rtcp-rsize") {
+                mOut.reducedSize = true;
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule) {
+    const MediaSection& section = mOut.section;
+    if (!Utils::isValidSocketPort(section.port)) {
+        StreamConfig probe;
+        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+    }
+    mOut.port = section.port;
+    if (!isSupportedTransport(section.protocol)) {
+        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                         "Unsupported transport: ", section.protocol);
+    }
+    mOut.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
+    if (mPayloadTypes.isFailure()) {
+        return mPayloadTypes;
+    }
+    const SharedLines& connection = mShared.connection.exists() ? mShared : session;
+    mOut.connection = connection.connection;
+    if (!mOut.connection.exists() && rule == SectionRule::Required) {
+        return noConnectionAddress(section);
+    }
+    StreamConfig::Result result = mOut.connection.exists()
+                                      ? readAddress(mOut.connection, connection.address, mOut)
+                                      : StreamConfig::Result::success();
+    if (result.isSuccess()) {
+        result = readFormats(mOut);
+    }
+    if (result.isSuccess() && mBadPacketTime.exists()) {
+        result = refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
+                           "Bad packet time: ", mBadPacketTimeValue);
+    }
+    if (result.isFailure()) {
+        return result;
+    }
+    mOut.direction =
+        mShared.direction.value_or(session.direction.value_or(StreamConfig::DirectionFullDuplex));
+    mOut.as = mShared.as ? mShared.as : session.as;
+    mOut.rs = mShared.rs ? mShared.rs : session.rs;
+    mOut.rr = mShared.rr ? mShared.rr : session.rr;
+    return result;
+}
+
+// Reads the first qualifying section as the syntax check walks the description; remembers the
+// first active audio section, whose refusal explains why none qualifies.
+class ChosenSectionReader final : public LineObserver {
+  public:
+    explicit ChosenSectionReader(RemoteMedia& out) : mScan(out) {}
+
+    void sessionLine(const Line& line, const LineValues& values) override {
+        takeSessionLine(mSession, line, values);
+    }
+    bool mediaLine(const MediaSection& section) override;
+    void sectionLine(const Line& line, const LineValues& values) override {
+        mScan.take(line, values);
+    }
+
+    StreamConfig::Result finish(const Description& description, SectionRule rule, RemoteMedia& out);
+
+  private:
+    SectionScan mScan;
+    SharedLines mSession;
+    bool mChosen = false;
+    std::optional<unsigned> mFirstActive;
+};
+
+bool ChosenSectionReader::mediaLine(const MediaSection& section) {
+    if (!mFirstActive && section.isActiveAudio()) {
+        mFirstActive = section.index;
+    }
+    if (mChosen || !qualifies(section)) {
+        return false;
+    }
+    mChosen = true;
+    mScan.start(section);
+    return mScan.scanning();
+}
+
+StreamConfig::Result ChosenSectionReader::finish(const Description& description, SectionRule rule,
+                                                 RemoteMedia& out) {
+    if (mChosen) {
+        return mScan.finish(mSession, rule);
+    }
+    MediaSection section;
+    if (mFirstActive && description.section(*mFirstActive, section)) {
+        return readSection(description, section, out, rule);
+    }
+    return rule == SectionRule::Required ? noAudioStream() : StreamConfig::Result::success();
+}
+
 }  // namespace
 
 const RemoteFormat* RemoteMedia::find(int payloadType) const {
@@ -270,61 +421,31 @@ bool qualifies(const MediaSection& section) {
 }
 
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out, ConnectionRule rule) {
-    out.section = section;
-    out.address.clear();
-    out.formats.clear();
-    out.reducedSize = false;
-    out.packetTime.reset();
-    out.maxPacketTime.reset();
-    if (!Utils::isValidSocketPort(section.port)) {
-        StreamConfig probe;
-        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
-    }
-    out.port = section.port;
-    if (!isSupportedTransport(section.protocol)) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                         "Unsupported transport: ", section.protocol);
-    }
-    out.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
-    std::array<uint8_t, kMaxPayloadType + 1> index;
-    StreamConfig::Result result = readPayloadTypes(section, out, index);
-    if (result.isFailure()) {
-        return result;
-    }
-    MediaLines found;
-    scanSection(section, out, index, found);
-    // Session-level lines fill in per kind what the section does not say.
-    SharedLines session;
-    LineCursor lines = description.sessionLines();
+                                 RemoteMedia& out, SectionRule rule) {
+    SectionScan scan(out);
+    scan.start(section);
+    LineCursor lines = section.lines();
     Line line;
+    while (scan.scanning() && lines.next(line)) {
+        LineValues values;
+        Description::readValues(line, values);
+        scan.take(line, values);
+    }
+    SharedLines session;
+    lines = description.sessionLines();
     while (lines.next(line)) {
-        session.take(line);
+        LineValues values;
+        Description::readValues(line, values);
+        takeSessionLine(session, line, values);
     }
-    out.connection =
-        found.shared.connection.exists() ? found.shared.connection : session.connection;
-    if (!out.connection.exists() && rule == ConnectionRule::Required) {
-        return noConnectionAddress(section);
-    }
-    if (out.connection.exists()) {
-        result = readAddress(out.connection, out);
-    }
-    if (result.isSuccess()) {
-        result = readFormats(out);
-    }
-    if (result.isSuccess() && found.badPacketTime.exists()) {
-        result = refusalAt(found.badPacketTime, StreamConfig::InvalidParam,
-                           "Bad packet time: ", found.badPacketTimeValue);
-    }
-    if (result.isFailure()) {
-        return result;
-    }
-    out.direction = found.shared.direction.value_or(
-        session.direction.value_or(StreamConfig::DirectionFullDuplex));
-    out.as = found.shared.as ? found.shared.as : session.as;
-    out.rs = found.shared.rs ? found.shared.rs : session.rs;
-    out.rr = found.shared.rr ? found.shared.rr : session.rr;
-    return result;
+    return scan.finish(session, rule);
+}
+
+StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
+                                     SectionRule rule) {
+    ChosenSectionReader reader(out);
+    StreamConfig::Result result = Description::parse(text, parsed, &reader);
+    return result.isFailure() ? result : reader.finish(parsed, rule, out);
 }
 
 bool findFirstActiveAudio(const Description& description, MediaSection& section) {
@@ -345,23 +466,6 @@ StreamConfig::Result noAudioStream() {
 StreamConfig::Result noConnectionAddress(const MediaSection& section) {
     return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
                      "No connection address");
-}
-
-bool findChosenSection(const Description& description, MediaSection& section) {
-    SectionCursor sections = description.sections();
-    while (sections.next(section)) {
-        if (qualifies(section)) {
-            return true;
-        }
-    }
-    // Not one qualifies: the first active audio section's refusal explains why.
-    return findFirstActiveAudio(description, section);
-}
-
-StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out) {
-    MediaSection section;
-    return findChosenSection(description, section) ? readSection(description, section, out)
-                                                   : noAudioStream();
 }
 
 }  // namespace sdp

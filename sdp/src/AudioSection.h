@@ -73,21 +73,21 @@ bool isSupportedTransport(std::string_view protocol);
 // An audio section with a port other than 0 and a supported transport.
 bool qualifies(const MediaSection& section);
 
-// Whether a section without a c= line is refused as it is read, or later by the caller (an
-// answer's values come before its structure, its missing address after).
-enum class ConnectionRule { Required, CheckedLater };
+// Whether a missing audio section, or a missing c= line for it, is refused as the section is
+// read, or later by the caller (an answer's values come before its structure, its missing
+// address after).
+enum class SectionRule { Required, CheckedLater };
 
 // Reads section, refusing in this order: port, transport, payload types, address, the AMR
 // formats' fmtp values in m= order, then a=ptime and a=maxptime in line order.
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out, ConnectionRule rule = ConnectionRule::Required);
+                                 RemoteMedia& out, SectionRule rule = SectionRule::Required);
 
-// The first section that qualifies, else the first active audio section, whose refusal explains
-// why none qualifies; false when there is no active audio section.
-bool findChosenSection(const Description& description, MediaSection& section);
-
-// Reads the chosen section; "No audio stream" when there is none.
-StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out);
+// Parses text and, in the same walk, reads its first section that qualifies; when none does,
+// refuses as the first active audio section would be refused, and "No audio stream" when there
+// is none. With CheckedLater, no audio section leaves out's section without an m= line.
+StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
+                                     SectionRule rule = SectionRule::Required);
 
 // 1003 "No connection address", context the section's m= line.
 StreamConfig::Result noConnectionAddress(const MediaSection& section);

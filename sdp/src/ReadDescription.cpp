@@ -14,11 +14,8 @@ namespace sdp {
 Result readRemoteDescription(const std::string& description, StreamConfig& stream,
                              std::vector<SkippedFormat>& skipped) {
     Description parsed;
-    Result result = Description::parse(description, parsed);
     RemoteMedia remote;
-    if (result.isSuccess()) {
-        result = readChosenSection(parsed, remote);
-    }
+    Result result = readDescription(description, parsed, remote);
     if (result.isFailure()) {
         return result;
     }

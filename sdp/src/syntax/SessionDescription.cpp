@@ -31,7 +31,8 @@ StreamConfig::Result badLine(const Line& line, const char* message) {
 
 }  // namespace
 
-StreamConfig::Result Description::parse(std::string_view text, Description& out) {
+StreamConfig::Result Description::parse(std::string_view text, Description& out,
+                                        LineObserver* observer) {
     if (text.size() > kMaxDescriptionSize) {
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
                                                      "Description too long");
@@ -44,6 +45,8 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
     const size_t nulOffset = text.find('\0');
     const char* nul = nulOffset == std::string_view::npos ? nullptr : text.data() + nulOffset;
     bool first = true;
+    // Whether the observer sees the current section's lines.
+    bool watched = false;
     Line line;
     while (lines.next(line)) {
         if (first && line.text != "v=0") {
@@ -53,34 +56,33 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
         if (!isWellFormed(line.text, nul)) {
             return badLine(line, "Bad line");
         }
-        std::string_view unused;
-        uint32_t bandwidth;
-        MediaSection media;
-        switch (line.type()) {
-            case 'm':
-                if (!parseMedia(line, media)) {
-                    return badLine(line, "Bad media line");
-                }
-                ++description.mSectionCount;
-                if (description.mFirstMediaNumber == 0) {
-                    description.mFirstMediaNumber = line.number;
-                    // The session part ends where the first m= line starts.
-                    description.mSession = text.substr(0, line.text.data() - text.data());
-                }
-                break;
-            case 'c':
-                if (!parseConnection(line.value(), unused)) {
-                    return badLine(line, "Bad connection line");
-                }
-                break;
-            case 'b':
-                if (!parseBandwidth(line.value(), unused, bandwidth)) {
-                    return refusalAt(line, StreamConfig::InvalidParam,
-                                     "Bad bandwidth value: ", line.value());
-                }
-                break;
-            default:
-                break;
+        LineValues values;
+        if (line.type() == 'm') {
+            MediaSection media;
+            if (!parseMedia(line, media)) {
+                return badLine(line, "Bad media line");
+            }
+            media.index = description.mSectionCount++;
+            if (description.mFirstMediaNumber == 0) {
+                description.mFirstMediaNumber = line.number;
+                // The session part ends where the first m= line starts.
+                description.mSession = text.substr(0, line.text.data() - text.data());
+            }
+            watched = observer != nullptr && observer->mediaLine(media);
+            continue;
+        }
+        if (!readValues(line, values)) {
+            return line.type() == 'c' ? badLine(line, "Bad connection line")
+                                      : refusalAt(line, StreamConfig::InvalidParam,
+                                                  "Bad bandwidth value: ", line.value());
+        }
+        if (observer == nullptr) {
+            continue;
+        }
+        if (description.mFirstMediaNumber == 0) {
+            observer->sessionLine(line, values);
+        } else if (watched) {
+            observer->sectionLine(line, values);
         }
     }
     if (first) {
@@ -90,6 +92,17 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
     }
     out = description;
     return StreamConfig::Result::success();
+}
+
+bool Description::readValues(const Line& line, LineValues& values) {
+    switch (line.type()) {
+        case 'c':
+            return parseConnection(line.value(), values.address);
+        case 'b':
+            return parseBandwidth(line.value(), values.modifier, values.bandwidth);
+        default:
+            return true;
+    }
 }
 
 bool SectionCursor::next(MediaSection& section) {

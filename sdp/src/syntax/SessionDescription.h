@@ -55,11 +55,36 @@ class SectionCursor {
     unsigned mIndex = 0;
 };
 
+// The values of a c= or b= line, read once by the syntax check.
+struct LineValues {
+    // c=: without a "/ttl" or "/count" suffix.
+    std::string_view address;
+    // b=
+    std::string_view modifier;
+    uint32_t bandwidth = 0;
+};
+
+// Sees the lines as the syntax check reads them, so that a reader needs no second walk. Lines
+// come in order, but a later line may still fail the syntax check.
+class LineObserver {
+  public:
+    // A line before the first m= line.
+    virtual void sessionLine(const Line& line, const LineValues& values) = 0;
+    // The section as its m= line gives it, without its body; true to see the section's lines.
+    virtual bool mediaLine(const MediaSection& section) = 0;
+    // A line after an m= line that mediaLine wanted to see.
+    virtual void sectionLine(const Line& line, const LineValues& values) = 0;
+
+  protected:
+    ~LineObserver() = default;
+};
+
 class Description {
   public:
     // Refuses a text longer than 64 KiB, then the first line whose syntax is wrong; out is
-    // complete only on success.
-    static StreamConfig::Result parse(std::string_view text, Description& out);
+    // complete only on success. The observer, when given, sees the lines on the way.
+    static StreamConfig::Result parse(std::string_view text, Description& out,
+                                      LineObserver* observer = nullptr);
 
     // The session-level lines, v= included.
     LineCursor sessionLines() const { return {mSession, 1}; }
@@ -69,6 +94,8 @@ class Description {
     // The media section at index; false when there is none.
     bool section(unsigned index, MediaSection& section) const;
 
+    // The values of a c= or b= line; false when its form is wrong. Other lines have none.
+    static bool readValues(const Line& line, LineValues& values);
     // The address of a c= value "IN IP4 a" or "IN IP6 a", without a "/ttl" or "/count" suffix.
     static bool parseConnection(std::string_view value, std::string_view& address);
     // A b= value "modifier:number".
