@@ -92,7 +92,7 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
                                                      "Answer does not match the offer");
     }
-    StreamConfig::Result result = StreamConfig::Result::success();
+    StreamConfig::Result result = successResult();
     MediaSection section = answered.section;
     if (!section.mediaLine.exists() || section.index != offered.section.index) {
         answer.section(offered.section.index, section);

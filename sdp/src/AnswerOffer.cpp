@@ -89,7 +89,7 @@ StreamConfig::Result refusal(const RemoteMedia& remote, const StreamCapabilities
                          : !choose(remote, local, choice)        ? "No common codec"
                                                                  : nullptr;
     return reason == nullptr
-               ? StreamConfig::Result::success()
+               ? successResult()
                : refusalAt(remote.section.mediaLine, StreamConfig::InvalidConfiguration, reason);
 }
 

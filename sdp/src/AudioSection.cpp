@@ -53,12 +53,9 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                                       std::array<uint8_t, kMaxPayloadType + 1>& index) {
     index.fill(kUnlisted);
     std::string_view tokens = section.formats;
-    size_t count = 0;
-    for (std::string_view rest = tokens; !nextField(rest).empty();) {
-        ++count;
-    }
-    // At most one of each payload type: the room is bounded whatever the line's length.
-    remote.formats.reserve(std::min<size_t>(count, kMaxPayloadType + 1));
+    // Each token takes two characters at least, its blank included; and there is at most one of
+    // each payload type, so the room is bounded whatever the line's length.
+    remote.formats.reserve(std::min<size_t>(tokens.size() / 2 + 1, kMaxPayloadType + 1));
     for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
         uint64_t payloadType;
         if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
@@ -75,7 +72,7 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
         remote.formats.emplace_back();
         remote.formats.back().payloadType = static_cast<int>(payloadType);
     }
-    return StreamConfig::Result::success();
+    return successResult();
 }
 
 // The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
@@ -182,7 +179,7 @@ StreamConfig::Result readAddress(const Line& connection, std::string_view addres
                                  RemoteMedia& remote) {
     remote.address.assign(address.data(), address.size());
     if (Utils::isValidIpAddress(remote.address)) {
-        return StreamConfig::Result::success();
+        return successResult();
     }
     if (isDomainName(address)) {
         return refusalAt(connection, StreamConfig::InvalidConfiguration,
@@ -206,7 +203,7 @@ StreamConfig::Result readFormats(RemoteMedia& remote) {
             }
         }
     }
-    return StreamConfig::Result::success();
+    return successResult();
 }
 
 // One section read in one walk: its payload types first, then its lines one by one, then the
@@ -227,7 +224,7 @@ class SectionScan {
 
     RemoteMedia& mOut;
     std::array<uint8_t, kMaxPayloadType + 1> mIndex{};
-    StreamConfig::Result mPayloadTypes = StreamConfig::Result::success();
+    StreamConfig::Result mPayloadTypes = successResult();
     SharedLines mShared;
     // The first a=ptime or a=maxptime whose value is not a number.
     Line mBadPacketTime;
@@ -335,7 +332,7 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
     }
     StreamConfig::Result result = mOut.connection.exists()
                                       ? readAddress(mOut.connection, connection.address, mOut)
-                                      : StreamConfig::Result::success();
+                                      : successResult();
     if (result.isSuccess()) {
         result = readFormats(mOut);
     }
@@ -398,7 +395,7 @@ StreamConfig::Result ChosenSectionReader::finish(const Description& description,
     if (mFirstActive && description.section(*mFirstActive, section)) {
         return readSection(description, section, out, rule);
     }
-    return rule == SectionRule::Required ? noAudioStream() : StreamConfig::Result::success();
+    return rule == SectionRule::Required ? noAudioStream() : successResult();
 }
 
 }  // namespace

@@ -209,7 +209,7 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
 StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPort) {
     const bool goodAddress = Utils::isValidIpAddress(localIp);
     if (goodAddress && localPort >= 1 && localPort <= kMaxPort) {
-        return StreamConfig::Result::success();
+        return successResult();
     }
     // The model's words; it refuses privileged ports for remote ends, not for this one.
     // The caller's own values, not network input: the message stays unquoted.
@@ -222,7 +222,7 @@ StreamConfig::Result checkOrigin(const Origin& origin) {
     for (char c : origin.username) {
         good = good && static_cast<unsigned char>(c) > 0x20 && c != 0x7F;
     }
-    return good ? StreamConfig::Result::success()
+    return good ? successResult()
                 : makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
                                                         "Bad origin username");
 }

@@ -91,7 +91,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
                                                      "Description must start with v=0");
     }
     out = description;
-    return StreamConfig::Result::success();
+    return successResult();
 }
 
 bool Description::readValues(const Line& line, LineValues& values) {
@@ -190,14 +190,6 @@ bool Description::parseBandwidth(std::string_view value, std::string_view& modif
     modifier = value.substr(0, colon);
     bandwidth = static_cast<uint32_t>(number);
     return true;
-}
-
-void Description::splitAttribute(const Line& line, std::string_view& name,
-                                 std::string_view& value) {
-    const std::string_view text = line.value();
-    const size_t colon = text.find(':');
-    name = text.substr(0, colon);
-    value = colon == std::string_view::npos ? std::string_view() : text.substr(colon + 1);
 }
 
 }  // namespace sdp

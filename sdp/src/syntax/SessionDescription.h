@@ -102,7 +102,12 @@ class Description {
     static bool parseBandwidth(std::string_view value, std::string_view& modifier,
                                uint32_t& bandwidth);
     // The name and value of an a= line: "rtpmap" and "97 AMR/8000" for "a=rtpmap:97 AMR/8000".
-    static void splitAttribute(const Line& line, std::string_view& name, std::string_view& value);
+    static void splitAttribute(const Line& line, std::string_view& name, std::string_view& value) {
+        const std::string_view text = line.value();
+        const size_t colon = text.find(':');
+        name = text.substr(0, colon);
+        value = colon == std::string_view::npos ? std::string_view() : text.substr(colon + 1);
+    }
 
     static bool parseMedia(const Line& line, MediaSection& media);
 
