@@ -89,12 +89,17 @@ bool matches(const Description& offer, const Description& answer) {
 StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
                                  const Description& answer, RemoteMedia& answered, Choice& choice) {
     if (!matches(offer, answer)) {
-        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
-                                                     "Answer does not match the offer");
+        return afterAddress(
+            answered, makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                            "Answer does not match the offer"));
     }
     StreamConfig::Result result = successResult();
     MediaSection section = answered.section;
     if (!section.mediaLine.exists() || section.index != offered.section.index) {
+        result = afterAddress(answered, result);
+        if (result.isFailure()) {
+            return result;
+        }
         answer.section(offered.section.index, section);
         if (section.port == 0) {
             return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
@@ -105,15 +110,20 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
         result = noConnectionAddress(section);
     }
     if (result.isSuccess() && !choose(offered, answered, choice)) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec");
+        return afterAddress(
+            answered,
+            refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec"));
     }
     return result;
 }
 
 // RTCP bandwidths the offer's, as reading takes them; reduced size only when both listed it.
-void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Choice& choice,
-               StreamConfig& stream) {
-    startStream(answered, stream);
+StreamConfig::Result negotiate(const RemoteMedia& offered, const RemoteMedia& answered,
+                               const Choice& choice, StreamConfig& stream) {
+    StreamConfig::Result result = startStream(answered, stream);
+    if (result.isFailure()) {
+        return result;
+    }
     setReadRtcp(offered, stream);
     RtcpConfig rtcp = stream.getRtcpConfig();
     rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);
@@ -135,6 +145,7 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
             placeCodec(dtmf, packetTime, maxPacketTime, stream);
         }
     }
+    return result;
 }
 
 }  // namespace
@@ -142,20 +153,21 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
 Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
     Description offerParsed;
     RemoteMedia offered;
-    Result result = readDescription(offer, offerParsed, offered);
+    Result result =
+        readDescription(offer, offerParsed, offered, SectionRule::Required, AddressCheck::Now);
     Description answerParsed;
     RemoteMedia answered;
     if (result.isSuccess()) {
-        result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater);
+        result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater,
+                                 AddressCheck::ByBuilder);
     }
     Choice choice;
     if (result.isSuccess()) {
         result = checkAnswer(offerParsed, offered, answerParsed, answered, choice);
     }
-    if (result.isFailure()) {
-        return result;
+    if (result.isSuccess()) {
+        result = negotiate(offered, answered, choice, negotiated);
     }
-    negotiate(offered, answered, choice, negotiated);
     return result;
 }
 

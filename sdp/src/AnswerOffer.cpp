@@ -102,6 +102,11 @@ StreamConfig::Result chooseSection(const Description& offer, const StreamCapabil
     if (result.isSuccess()) {
         return result;
     }
+    // A bad address is a bad value, which comes before the profile and the codecs.
+    result = afterAddress(remote, successResult());
+    if (result.isFailure()) {
+        return result;
+    }
     const unsigned tried = remote.section.index;
     SectionCursor sections = offer.sections();
     MediaSection section;
@@ -131,10 +136,14 @@ RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remo
     return rtcp;
 }
 
-// The kept formats in the offer's m= order, at the agreed packet times.
-void negotiate(const RemoteMedia& remote, const StreamCapabilities& local, const Choice& choice,
-               StreamConfig& stream) {
-    startStream(remote, stream);
+// The kept formats in the offer's m= order, at the agreed packet times. Only the model's refusal
+// of the address, which leaves stream as it was, can refuse.
+StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabilities& local,
+                               const Choice& choice, StreamConfig& stream) {
+    StreamConfig::Result result = startStream(remote, stream);
+    if (result.isFailure()) {
+        return result;
+    }
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
@@ -153,6 +162,7 @@ void negotiate(const RemoteMedia& remote, const StreamCapabilities& local, const
             placeCodec(dtmf, packetTime, maxPacketTime, stream);
         }
     }
+    return result;
 }
 
 // The offer's t= when it reads as two numbers; else, and without one, "0 0".
@@ -211,17 +221,20 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
     Description parsed;
     RemoteMedia remote;
     if (result.isSuccess()) {
-        result = readDescription(offer, parsed, remote);
+        result =
+            readDescription(offer, parsed, remote, SectionRule::Required, AddressCheck::ByBuilder);
     }
     Choice choice;
     if (result.isSuccess()) {
         result = chooseSection(parsed, local, remote, choice);
     }
+    if (result.isSuccess()) {
+        result = negotiate(remote, local, choice, negotiated);
+    }
     if (result.isFailure()) {
         return result;
     }
-    // Nothing below refuses: both outputs are written in place.
-    negotiate(remote, local, choice, negotiated);
+    // Nothing below refuses: the answer is written in place.
     std::string text;
     text.reserve(kBodyReserve);
     writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, text);

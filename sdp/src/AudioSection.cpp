@@ -175,19 +175,15 @@ bool isDomainName(std::string_view address) {
     return letter;
 }
 
-StreamConfig::Result readAddress(const Line& connection, std::string_view address,
-                                 RemoteMedia& remote) {
-    remote.address.assign(address.data(), address.size());
-    if (Utils::isValidIpAddress(remote.address)) {
+// The model's check, once.
+StreamConfig::Result checkAddress(RemoteMedia& remote) {
+    const std::string address(remote.address);
+    if (Utils::isValidIpAddress(address)) {
+        remote.addressChecked = true;
         return successResult();
     }
-    if (isDomainName(address)) {
-        return refusalAt(connection, StreamConfig::InvalidConfiguration,
-                         "Connection address is a domain name");
-    }
-    // The model's own words.
     StreamConfig probe;
-    return atLine(connection, probe.setRemoteIp(remote.address));
+    return addressRefusal(remote, probe.setRemoteIp(address));
 }
 
 StreamConfig::Result readFormats(RemoteMedia& remote) {
@@ -217,7 +213,7 @@ class SectionScan {
     bool scanning() const { return mPayloadTypes.isSuccess(); }
     void take(const Line& line, const LineValues& values);
     // Session-level lines fill in per kind what the section does not say.
-    StreamConfig::Result finish(const SharedLines& session, SectionRule rule);
+    StreamConfig::Result finish(const SharedLines& session, SectionRule rule, AddressCheck check);
 
   private:
     void takeAttribute(const Line& line);
@@ -234,7 +230,8 @@ class SectionScan {
 void SectionScan::start(const MediaSection& section) {
     mOut.section = section;
     mOut.connection = Line();
-    mOut.address.clear();
+    mOut.address = std::string_view();
+    mOut.addressChecked = false;
     mOut.formats.clear();
     mOut.reducedSize = false;
     mOut.packetTime.reset();
@@ -310,7 +307,8 @@ void SectionScan::takeAttribute(const Line& line) {
     }
 }
 
-StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule) {
+StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule,
+                                         AddressCheck check) {
     const MediaSection& section = mOut.section;
     if (!Utils::isValidSocketPort(section.port)) {
         StreamConfig probe;
@@ -327,11 +325,12 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
     }
     const SharedLines& connection = mShared.connection.exists() ? mShared : session;
     mOut.connection = connection.connection;
+    mOut.address = connection.address;
     if (!mOut.connection.exists() && rule == SectionRule::Required) {
         return noConnectionAddress(section);
     }
-    StreamConfig::Result result = mOut.connection.exists()
-                                      ? readAddress(mOut.connection, connection.address, mOut)
+    StreamConfig::Result result = mOut.connection.exists() && check == AddressCheck::Now
+                                      ? checkAddress(mOut)
                                       : successResult();
     if (result.isSuccess()) {
         result = readFormats(mOut);
@@ -341,7 +340,7 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
                            "Bad packet time: ", mBadPacketTimeValue);
     }
     if (result.isFailure()) {
-        return result;
+        return afterAddress(mOut, std::move(result));
     }
     mOut.direction =
         mShared.direction.value_or(session.direction.value_or(StreamConfig::DirectionFullDuplex));
@@ -365,7 +364,8 @@ class ChosenSectionReader final : public LineObserver {
         mScan.take(line, values);
     }
 
-    StreamConfig::Result finish(const Description& description, SectionRule rule, RemoteMedia& out);
+    StreamConfig::Result finish(const Description& description, SectionRule rule,
+                                AddressCheck check, RemoteMedia& out);
 
   private:
     SectionScan mScan;
@@ -387,13 +387,13 @@ bool ChosenSectionReader::mediaLine(const MediaSection& section) {
 }
 
 StreamConfig::Result ChosenSectionReader::finish(const Description& description, SectionRule rule,
-                                                 RemoteMedia& out) {
+                                                 AddressCheck check, RemoteMedia& out) {
     if (mChosen) {
-        return mScan.finish(mSession, rule);
+        return mScan.finish(mSession, rule, check);
     }
     MediaSection section;
     if (mFirstActive && description.section(*mFirstActive, section)) {
-        return readSection(description, section, out, rule);
+        return readSection(description, section, out, rule, check);
     }
     return rule == SectionRule::Required ? noAudioStream() : successResult();
 }
@@ -418,7 +418,7 @@ bool qualifies(const MediaSection& section) {
 }
 
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out, SectionRule rule) {
+                                 RemoteMedia& out, SectionRule rule, AddressCheck check) {
     SectionScan scan(out);
     scan.start(section);
     LineCursor lines = section.lines();
@@ -435,14 +435,31 @@ StreamConfig::Result readSection(const Description& description, const MediaSect
         Description::readValues(line, values);
         takeSessionLine(session, line, values);
     }
-    return scan.finish(session, rule);
+    return scan.finish(session, rule, check);
 }
 
 StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
-                                     SectionRule rule) {
+                                     SectionRule rule, AddressCheck check) {
     ChosenSectionReader reader(out);
     StreamConfig::Result result = Description::parse(text, parsed, &reader);
-    return result.isFailure() ? result : reader.finish(parsed, rule, out);
+    return result.isFailure() ? result : reader.finish(parsed, rule, check, out);
+}
+
+StreamConfig::Result afterAddress(RemoteMedia& remote, StreamConfig::Result later) {
+    if (remote.addressChecked || !remote.connection.exists()) {
+        return later;
+    }
+    StreamConfig::Result address = checkAddress(remote);
+    return address.isFailure() ? address : later;
+}
+
+StreamConfig::Result addressRefusal(const RemoteMedia& remote, StreamConfig::Result result) {
+    if (isDomainName(remote.address)) {
+        return refusalAt(remote.connection, StreamConfig::InvalidConfiguration,
+                         "Connection address is a domain name");
+    }
+    // The model's own words.
+    return atLine(remote.connection, std::move(result));
 }
 
 bool findFirstActiveAudio(const Description& description, MediaSection& section) {

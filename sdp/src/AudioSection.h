@@ -45,8 +45,11 @@ struct RemoteMedia {
     int port = 0;
     // The c= line that gives the address; none when the description has none for the section.
     Line connection;
-    // Checked by the model's address check; empty without a connection line.
-    std::string address;
+    // Of the connection line, without a "/ttl" or "/count" suffix; see addressChecked.
+    std::string_view address;
+    // Whether the model's address check passed it; reading may leave it to the model's setter
+    // that builds the stream.
+    bool addressChecked = false;
     RtpProfile profile = RtpProfileAvp;
     // As the sender declares it: its a=sendonly is DirectionSendOnly.
     StreamConfig::Direction direction = StreamConfig::DirectionFullDuplex;
@@ -78,16 +81,29 @@ bool qualifies(const MediaSection& section);
 // address after).
 enum class SectionRule { Required, CheckedLater };
 
+// Whether reading checks the address at its place in the order, or leaves it to the model's
+// setter when the stream is built (checking it first only when a later refusal comes up), so
+// that the model checks it once.
+enum class AddressCheck { Now, ByBuilder };
+
 // Reads section, refusing in this order: port, transport, payload types, address, the AMR
 // formats' fmtp values in m= order, then a=ptime and a=maxptime in line order.
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out, SectionRule rule = SectionRule::Required);
+                                 RemoteMedia& out, SectionRule rule = SectionRule::Required,
+                                 AddressCheck check = AddressCheck::Now);
 
 // Parses text and, in the same walk, reads its first section that qualifies; when none does,
 // refuses as the first active audio section would be refused, and "No audio stream" when there
 // is none. With CheckedLater, no audio section leaves out's section without an m= line.
 StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
-                                     SectionRule rule = SectionRule::Required);
+                                     SectionRule rule, AddressCheck check);
+
+// The address refusal of remote when it has one and was not checked yet, else later: for a
+// refusal that comes after the address.
+StreamConfig::Result afterAddress(RemoteMedia& remote, StreamConfig::Result later);
+
+// The refusal of an address that the model's setter refused with result.
+StreamConfig::Result addressRefusal(const RemoteMedia& remote, StreamConfig::Result result);
 
 // 1003 "No connection address", context the section's m= line.
 StreamConfig::Result noConnectionAddress(const MediaSection& section);

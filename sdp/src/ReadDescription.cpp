@@ -15,12 +15,16 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
                              std::vector<SkippedFormat>& skipped) {
     Description parsed;
     RemoteMedia remote;
-    Result result = readDescription(description, parsed, remote);
+    Result result = readDescription(description, parsed, remote, SectionRule::Required,
+                                    AddressCheck::ByBuilder);
+    if (result.isSuccess()) {
+        // The last refusal there can be: the model's of the address, before anything changes.
+        result = startStream(remote, stream);
+    }
     if (result.isFailure()) {
         return result;
     }
     // Nothing below refuses: the stream is built in place.
-    startStream(remote, stream);
     setReadRtcp(remote, stream);
     skipped.clear();
     AmrCodecConfig amr;
