@@ -25,6 +25,8 @@ struct Choice {
     const AmrCodecCapabilities* amrCaps = nullptr;
     // Null when there is none to keep.
     const RemoteFormat* events = nullptr;
+    // The a=fmtp answered for amr, once it is chosen.
+    AmrFmtpText fmtp;
 };
 
 bool supportsProfile(const StreamCapabilities& local, RtpProfile profile) {
@@ -155,7 +157,7 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
     for (const RemoteFormat& format : remote) {
         if (&format == choice.amr) {
             AmrCodecConfig amr;
-            negotiateAmr(*choice.amrCaps, format.band, format.payloadType, choice.amr->amr, amr);
+            negotiateAmr(choice.fmtp, choice.amr->amr, format.band, format.payloadType, amr);
             placeCodec(amr, packetTime, maxPacketTime, stream);
         } else if (&format == choice.events) {
             DtmfCodecConfig dtmf = telephoneEvent(format);
@@ -193,10 +195,9 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
     writer.sessionPart(origin, localIp, timing(offer));
     SectionCursor sections = offer.sections();
     MediaSection section;
-    const AmrFmtpText fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
     while (sections.next(section)) {
         if (section.index == remote.section.index) {
-            writeStreamMedia(writer, stream, localIp, localPort, &fmtp);
+            writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp);
             continue;
         }
         writer.text("m=").token(section.type).text(" 0 ").token(section.protocol);
@@ -229,6 +230,7 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
         result = chooseSection(parsed, local, remote, choice);
     }
     if (result.isSuccess()) {
+        choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
         result = negotiate(remote, local, choice, negotiated);
     }
     if (result.isFailure()) {

@@ -53,9 +53,12 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                                       std::array<uint8_t, kMaxPayloadType + 1>& index) {
     index.fill(kUnlisted);
     std::string_view tokens = section.formats;
-    // Each token takes two characters at least, its blank included; and there is at most one of
-    // each payload type, so the room is bounded whatever the line's length.
-    remote.formats.reserve(std::min<size_t>(tokens.size() / 2 + 1, kMaxPayloadType + 1));
+    size_t count = 0;
+    for (size_t i = 0; i < tokens.size(); ++i) {
+        count += !isBlank(tokens[i]) && (i == 0 || isBlank(tokens[i - 1])) ? 1 : 0;
+    }
+    // At most one of each payload type: the room is bounded whatever the line's length.
+    remote.formats.reset(std::min<size_t>(count, kMaxPayloadType + 1));
     for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
         uint64_t payloadType;
         if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
@@ -69,8 +72,7 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                              " is already present");
         }
         index[payloadType] = static_cast<uint8_t>(remote.formats.size());
-        remote.formats.emplace_back();
-        remote.formats.back().payloadType = static_cast<int>(payloadType);
+        remote.formats.add().payloadType = static_cast<int>(payloadType);
     }
     return successResult();
 }
@@ -232,7 +234,7 @@ void SectionScan::start(const MediaSection& section) {
     mOut.connection = Line();
     mOut.address = std::string_view();
     mOut.addressChecked = false;
-    mOut.formats.clear();
+    mOut.formats.reset(0);
     mOut.reducedSize = false;
     mOut.packetTime.reset();
     mOut.maxPacketTime.reset();

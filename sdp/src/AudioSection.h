@@ -8,37 +8,17 @@
 #include <velmora/rune/Rtp.h>
 #include <velmora/rune/StreamConfig.h>
 
-#include "AmrFmtp.h"
+#include "FormatList.h"
 #include "syntax/SessionDescription.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace velmora {
 namespace rune {
 namespace sdp {
-
-const int kMaxPayloadType = 127;
-
-struct RemoteFormat {
-    enum Kind : uint8_t { Amr, TelephoneEvent, Unsupported };
-
-    int payloadType = 0;
-    Kind kind = Unsupported;
-    // For AMR and telephone-event.
-    BandType band = BandTypeNb;
-    // The a=rtpmap text after the payload type; empty when there is none.
-    std::string_view encoding;
-    // The a=fmtp line, and its text after the payload type; no line when there is none.
-    Line fmtp;
-    std::string_view fmtpText;
-
-    // For AMR: the parameters of the a=fmtp; every default without one.
-    AmrParameters amr;
-};
 
 struct RemoteMedia {
     MediaSection section;
@@ -62,10 +42,10 @@ struct RemoteMedia {
     std::optional<uint32_t> packetTime;
     std::optional<uint32_t> maxPacketTime;
     // In m= order; a payload type is listed once at most.
-    std::vector<RemoteFormat> formats;
+    FormatList formats;
 
-    std::vector<RemoteFormat>::const_iterator begin() const { return formats.begin(); }
-    std::vector<RemoteFormat>::const_iterator end() const { return formats.end(); }
+    const RemoteFormat* begin() const { return formats.begin(); }
+    const RemoteFormat* end() const { return formats.end(); }
 
     // Null when the m= line does not list payloadType.
     const RemoteFormat* find(int payloadType) const;

@@ -94,17 +94,6 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
     return successResult();
 }
 
-bool Description::readValues(const Line& line, LineValues& values) {
-    switch (line.type()) {
-        case 'c':
-            return parseConnection(line.value(), values.address);
-        case 'b':
-            return parseBandwidth(line.value(), values.modifier, values.bandwidth);
-        default:
-            return true;
-    }
-}
-
 bool SectionCursor::next(MediaSection& section) {
     LineCursor lines(mRest, mNumber);
     Line line;

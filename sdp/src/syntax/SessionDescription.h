@@ -95,7 +95,16 @@ class Description {
     bool section(unsigned index, MediaSection& section) const;
 
     // The values of a c= or b= line; false when its form is wrong. Other lines have none.
-    static bool readValues(const Line& line, LineValues& values);
+    static bool readValues(const Line& line, LineValues& values) {
+        switch (line.type()) {
+            case 'c':
+                return parseConnection(line.value(), values.address);
+            case 'b':
+                return parseBandwidth(line.value(), values.modifier, values.bandwidth);
+            default:
+                return true;
+        }
+    }
     // The address of a c= value "IN IP4 a" or "IN IP6 a", without a "/ttl" or "/count" suffix.
     static bool parseConnection(std::string_view value, std::string_view& address);
     // A b= value "modifier:number".
