@@ -181,7 +181,7 @@ bool LineCursor::next(Line& line) {
 
 // Success built in place: a copy of the model's shared success value copies three strings.
 inline StreamConfig::Result successResult() {
-    return StreamConfig::Result(StreamConfig::Success);
+    return {StreamConfig::Success};
 }
 
 // Untrusted text as refusals and skipped formats show it: bytes below 0x20 other than tab, and
