@@ -63,32 +63,11 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
     return true;
 }
 
-// The same number of m= lines, of the same media types in the same order.
-bool matches(const Description& offer, const Description& answer) {
-    SectionCursor offered = offer.sections();
-    SectionCursor answered = answer.sections();
-    MediaSection offeredSection;
-    MediaSection answeredSection;
-    for (;;) {
-        const bool moreOffered = offered.next(offeredSection);
-        const bool moreAnswered = answered.next(answeredSection);
-        if (moreOffered != moreAnswered) {
-            return false;
-        }
-        if (!moreOffered) {
-            return true;
-        }
-        if (offeredSection.type != answeredSection.type) {
-            return false;
-        }
-    }
-}
-
 // The answer's values, its chosen section's, were read as describe reads them; its structure
 // comes next, then the stream at the offer's position.
 StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
                                  const Description& answer, RemoteMedia& answered, Choice& choice) {
-    if (!matches(offer, answer)) {
+    if (!offer.hasSameMediaTypes(answer)) {
         return afterAddress(
             answered, makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
                                                             "Answer does not match the offer"));

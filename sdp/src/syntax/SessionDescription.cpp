@@ -3,6 +3,7 @@
 #include "internal/Results.h"
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace velmora {
@@ -63,6 +64,9 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
                 return badLine(line, "Bad media line");
             }
             media.index = description.mSectionCount++;
+            if (media.index < kKnownTypes) {
+                description.mTypes[media.index] = media.type;
+            }
             if (description.mFirstMediaNumber == 0) {
                 description.mFirstMediaNumber = line.number;
                 // The session part ends where the first m= line starts.
@@ -130,6 +134,25 @@ bool Description::section(unsigned index, MediaSection& section) const {
         }
     }
     return false;
+}
+
+bool Description::hasSameMediaTypes(const Description& other) const {
+    if (mSectionCount != other.mSectionCount) {
+        return false;
+    }
+    if (mSectionCount <= kKnownTypes) {
+        return std::equal(mTypes.begin(), mTypes.begin() + mSectionCount, other.mTypes.begin());
+    }
+    SectionCursor mine = sections();
+    SectionCursor theirs = other.sections();
+    MediaSection section;
+    MediaSection otherSection;
+    while (mine.next(section) && theirs.next(otherSection)) {
+        if (section.type != otherSection.type) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool Description::parseMedia(const Line& line, MediaSection& media) {

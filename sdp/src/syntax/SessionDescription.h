@@ -9,6 +9,7 @@
 
 #include "syntax/SdpLine.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -93,6 +94,8 @@ class Description {
     }
     // The media section at index; false when there is none.
     bool section(unsigned index, MediaSection& section) const;
+    // The same number of m= lines, of the same media types in the same order.
+    bool hasSameMediaTypes(const Description& other) const;
 
     // The values of a c= or b= line; false when its form is wrong. Other lines have none.
     static bool readValues(const Line& line, LineValues& values) {
@@ -127,6 +130,9 @@ class Description {
     // The number of the first m= line.
     unsigned mFirstMediaNumber = 0;
     unsigned mSectionCount = 0;
+    // The media types of the first sections, so that usual descriptions compare without a walk.
+    static const unsigned kKnownTypes = 4;
+    std::array<std::string_view, kKnownTypes> mTypes;
 };
 
 }  // namespace sdp
