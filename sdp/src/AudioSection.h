@@ -78,6 +78,9 @@ StreamConfig::Result readSection(const Description& description, const MediaSect
 StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
                                      SectionRule rule, AddressCheck check);
 
+// The model's check of remote's address, whose refusal is given as reading gives it.
+StreamConfig::Result checkAddress(RemoteMedia& remote);
+
 // The address refusal of remote when it has one and was not checked yet, else later: for a
 // refusal that comes after the address.
 StreamConfig::Result afterAddress(RemoteMedia& remote, StreamConfig::Result later);
