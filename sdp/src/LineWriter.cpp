@@ -88,6 +88,9 @@ LineWriter& LineWriter::number(uint64_t number) {
 }
 
 LineWriter& LineWriter::token(std::string_view token) {
+    if (isShownAsIs(token)) {
+        return text(token);
+    }
     std::string quoted;
     appendQuoted(quoted, token);
     return text(quoted);

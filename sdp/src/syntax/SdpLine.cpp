@@ -15,6 +15,18 @@ bool isControl(char c) {
 
 }  // namespace
 
+bool isShownAsIs(std::string_view text) {
+    if (text.size() > kQuotedCharacters) {
+        return false;
+    }
+    for (char c : text) {
+        if (isControl(c)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 void appendQuoted(std::string& out, std::string_view text) {
     static const char kHex[] = "0123456789ABCDEF";
     const std::string_view shown = text.substr(0, kQuotedCharacters);
