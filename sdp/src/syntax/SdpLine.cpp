@@ -1,5 +1,7 @@
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -16,15 +18,7 @@ bool isControl(char c) {
 }  // namespace
 
 bool isShownAsIs(std::string_view text) {
-    if (text.size() > kQuotedCharacters) {
-        return false;
-    }
-    for (char c : text) {
-        if (isControl(c)) {
-            return false;
-        }
-    }
-    return true;
+    return text.size() <= kQuotedCharacters && std::none_of(text.begin(), text.end(), isControl);
 }
 
 void appendQuoted(std::string& out, std::string_view text) {
