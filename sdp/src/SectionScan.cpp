@@ -265,17 +265,19 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
     if (!mOut.connection.exists() && rule == SectionRule::Required) {
         return noConnectionAddress(section);
     }
-    StreamConfig::Result result = mOut.connection.exists() && check == AddressCheck::Now
-                                      ? checkAddress(mOut)
-                                      : successResult();
-    if (result.isSuccess()) {
-        result = readFormats(mOut);
+    if (mOut.connection.exists() && check == AddressCheck::Now) {
+        StreamConfig::Result address = checkAddress(mOut);
+        if (address.isFailure()) {
+            return address;
+        }
     }
+    StreamConfig::Result result = readFormats(mOut);
     if (result.isSuccess() && mBadPacketTime.exists()) {
         result = refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
                            "Bad packet time: ", mBadPacketTimeValue);
     }
     if (result.isFailure()) {
+        // An address left to the builder still comes first.
         return afterAddress(mOut, std::move(result));
     }
     mOut.direction =
