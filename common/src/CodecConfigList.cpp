@@ -8,6 +8,8 @@ namespace rune {
 
 namespace {
 
+const size_t kInitialRoom = 8;
+
 StreamConfig::Result refused(const char* message) {
     return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam, message);
 }
@@ -41,6 +43,10 @@ StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
                 StreamConfig::InvalidParam, "A codec with the same payload type ",
                 codec->getPayloadType(), " is already present");
         }
+    }
+    // Streams hold a handful of codecs: one allocation instead of a regrowth per doubling.
+    if (mCodecs.capacity() == 0) {
+        mCodecs.reserve(kInitialRoom);
     }
     mCodecs.push_back(codec);
     return Result::success();

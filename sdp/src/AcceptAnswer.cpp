@@ -63,49 +63,46 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
     return true;
 }
 
-// The same number of m= lines, of the same media types in the same order.
-bool matches(const Description& offer, const Description& answer) {
-    SectionCursor offered = offer.sections();
-    SectionCursor answered = answer.sections();
-    MediaSection offeredSection;
-    MediaSection answeredSection;
-    for (;;) {
-        const bool moreOffered = offered.next(offeredSection);
-        const bool moreAnswered = answered.next(answeredSection);
-        if (moreOffered != moreAnswered) {
-            return false;
-        }
-        if (!moreOffered) {
-            return true;
-        }
-        if (offeredSection.type != answeredSection.type) {
-            return false;
-        }
+// The answer's values, its chosen section's, were read as describe reads them; its structure
+// comes next, then the stream at the offer's position.
+StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
+                                 const Description& answer, RemoteMedia& answered, Choice& choice) {
+    if (!offer.hasSameMediaTypes(answer)) {
+        return afterAddress(
+            answered, makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                            "Answer does not match the offer"));
     }
-}
-
-StreamConfig::Result readAnswer(const Description& offer, const RemoteMedia& offered,
-                                const Description& answer, RemoteMedia& answered, Choice& choice) {
-    if (!matches(offer, answer)) {
-        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
-                                                     "Answer does not match the offer");
+    StreamConfig::Result result = successResult();
+    MediaSection section = answered.section;
+    if (!section.mediaLine.exists() || section.index != offered.section.index) {
+        result = afterAddress(answered, result);
+        if (result.isFailure()) {
+            return result;
+        }
+        answer.section(offered.section.index, section);
+        if (section.port == 0) {
+            return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
+                             "Stream rejected");
+        }
+        result = readSection(answer, section, answered);
+    } else if (!answered.connection.exists()) {
+        result = noConnectionAddress(section);
     }
-    MediaSection section;
-    answer.section(offered.section.index, section);
-    if (section.port == 0) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "Stream rejected");
-    }
-    StreamConfig::Result result = readSection(answer, section, answered);
     if (result.isSuccess() && !choose(offered, answered, choice)) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec");
+        return afterAddress(
+            answered,
+            refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec"));
     }
     return result;
 }
 
 // RTCP bandwidths the offer's, as reading takes them; reduced size only when both listed it.
-void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Choice& choice,
-               StreamConfig& stream) {
-    startStream(answered, stream);
+StreamConfig::Result negotiate(const RemoteMedia& offered, const RemoteMedia& answered,
+                               const Choice& choice, StreamConfig& stream) {
+    StreamConfig::Result result = startStream(answered, stream);
+    if (result.isFailure()) {
+        return result;
+    }
     setReadRtcp(offered, stream);
     RtcpConfig rtcp = stream.getRtcpConfig();
     rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);
@@ -127,30 +124,29 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
             placeCodec(dtmf, packetTime, maxPacketTime, stream);
         }
     }
+    return result;
 }
 
 }  // namespace
 
 Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
     Description offerParsed;
-    Result result = Description::parse(offer, offerParsed);
     RemoteMedia offered;
-    if (result.isSuccess()) {
-        result = readChosenSection(offerParsed, offered);
-    }
+    Result result =
+        readDescription(offer, offerParsed, offered, SectionRule::Required, AddressCheck::Now);
     Description answerParsed;
-    if (result.isSuccess()) {
-        result = Description::parse(answer, answerParsed);
-    }
     RemoteMedia answered;
+    if (result.isSuccess()) {
+        result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater,
+                                 AddressCheck::ByBuilder);
+    }
     Choice choice;
     if (result.isSuccess()) {
-        result = readAnswer(offerParsed, offered, answerParsed, answered, choice);
+        result = checkAnswer(offerParsed, offered, answerParsed, answered, choice);
     }
-    if (result.isFailure()) {
-        return result;
+    if (result.isSuccess()) {
+        result = negotiate(offered, answered, choice, negotiated);
     }
-    negotiate(offered, answered, choice, negotiated);
     return result;
 }
 

@@ -38,12 +38,8 @@ uint32_t answeredMaxRed(const AmrCodecCapabilities& local, const AmrParameters& 
     return offered.maxRed ? std::min(*offered.maxRed, localMaxRed(local)) : localMaxRed(local);
 }
 
-// The mode-set of an answer that echoes none: the local modes, every mode when none are listed.
-AmrModes answeredModes(const AmrCodecCapabilities& local, BandType band,
-                       const AmrParameters& offered) {
-    if (offered.modeSetText) {
-        return offered.modes;
-    }
+// The modes of band that local lists, ascending.
+AmrModes localModes(const AmrCodecCapabilities& local, BandType band) {
     AmrModes modes;
     const unsigned listed = listedModes(local);
     for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
@@ -57,7 +53,7 @@ AmrModes answeredModes(const AmrCodecCapabilities& local, BandType band,
 }  // namespace
 
 AmrModes advertisedModes(const AmrCodecCapabilities& local, BandType band) {
-    AmrModes modes = answeredModes(local, band, AmrParameters());
+    AmrModes modes = localModes(local, band);
     return modes.isEveryMode(band) ? AmrModes() : modes;
 }
 
@@ -97,11 +93,13 @@ AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
     return fmtp;
 }
 
-void negotiateAmr(const AmrCodecCapabilities& local, BandType band, int payloadType,
-                  const AmrParameters& offered, AmrCodecConfig& config) {
+void negotiateAmr(const AmrFmtpText& answered, const AmrParameters& offered, BandType band,
+                  int payloadType, AmrCodecConfig& config) {
     AmrParameters agreed = offered;
-    agreed.maxRed = answeredMaxRed(local, offered);
-    configureAmr(agreed, answeredModes(local, band, offered), band, payloadType, config);
+    agreed.maxRed = answered.maxRed;
+    // No modes answered stand for every mode of the band.
+    configureAmr(agreed, answered.modeSetText ? offered.modes : answered.modes, band, payloadType,
+                 config);
 }
 
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned) {

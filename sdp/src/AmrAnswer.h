@@ -27,10 +27,10 @@ AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
                        const AmrParameters& offered);
 
 // The configuration of an accepted format at the default packet times: the offer's options and
-// mode changes, the rates of the answer (every mode of the band when it lists none) and the
-// answered max-red, as reading takes it.
-void negotiateAmr(const AmrCodecCapabilities& local, BandType band, int payloadType,
-                  const AmrParameters& offered, AmrCodecConfig& config);
+// mode changes, the rates of the answer (answered, as answerFmtp gives it; every mode of the
+// band when it lists none) and the answered max-red, as reading takes it.
+void negotiateAmr(const AmrFmtpText& answered, const AmrParameters& offered, BandType band,
+                  int payloadType, AmrCodecConfig& config);
 
 // The a=fmtp of an offered payload type of local, octet-aligned or bandwidth-efficient.
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned);

@@ -52,7 +52,7 @@ StreamConfig::Result readModeSet(std::string_view name, std::string_view value, 
         }
         modes.add(static_cast<AmrRate>(number));
     }
-    return StreamConfig::Result::success();
+    return successResult();
 }
 
 // A default configuration of band with every mode of the band, ascending.
@@ -124,11 +124,12 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
         if (parameter.empty()) {
             continue;
         }
+        // The parameter is trimmed: the name can only end in blanks, the value only start so.
         const size_t equals = parameter.find('=');
-        const std::string_view name = trim(parameter.substr(0, equals));
+        const std::string_view name = trimEnd(parameter.substr(0, equals));
         const std::string_view value = equals == std::string_view::npos
                                            ? std::string_view()
-                                           : trim(parameter.substr(equals + 1));
+                                           : trimStart(parameter.substr(equals + 1));
         bool valid = true;
         uint32_t number = 0;
         // The known names differ in length: one comparison finds the name.
@@ -201,7 +202,7 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
             return badValue(line, name, value);
         }
     }
-    return StreamConfig::Result::success();
+    return successResult();
 }
 
 void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandType band,

@@ -25,6 +25,8 @@ struct Choice {
     const AmrCodecCapabilities* amrCaps = nullptr;
     // Null when there is none to keep.
     const RemoteFormat* events = nullptr;
+    // The a=fmtp answered for amr, once it is chosen.
+    AmrFmtpText fmtp;
 };
 
 bool supportsProfile(const StreamCapabilities& local, RtpProfile profile) {
@@ -89,21 +91,32 @@ StreamConfig::Result refusal(const RemoteMedia& remote, const StreamCapabilities
                          : !choose(remote, local, choice)        ? "No common codec"
                                                                  : nullptr;
     return reason == nullptr
-               ? StreamConfig::Result::success()
+               ? successResult()
                : refusalAt(remote.section.mediaLine, StreamConfig::InvalidConfiguration, reason);
 }
 
-// The first qualifying section that can be answered. A refusal other than the profile's or the
-// codecs' is the result; when none can be, the first active audio section's refusal.
+// The first qualifying section that can be answered, starting with remote, the first one, read
+// already. A refusal other than the profile's or the codecs' is the result; when none can be
+// answered, the first active audio section's refusal.
 StreamConfig::Result chooseSection(const Description& offer, const StreamCapabilities& local,
                                    RemoteMedia& remote, Choice& choice) {
+    StreamConfig::Result result = refusal(remote, local, choice);
+    if (result.isSuccess()) {
+        return result;
+    }
+    // A bad address is a bad value, which comes before the profile and the codecs.
+    result = afterAddress(remote, successResult());
+    if (result.isFailure()) {
+        return result;
+    }
+    const unsigned tried = remote.section.index;
     SectionCursor sections = offer.sections();
     MediaSection section;
     while (sections.next(section)) {
-        if (!qualifies(section)) {
+        if (section.index <= tried || !qualifies(section)) {
             continue;
         }
-        StreamConfig::Result result = readSection(offer, section, remote);
+        result = readSection(offer, section, remote);
         if (result.isFailure()) {
             return result;
         }
@@ -112,10 +125,10 @@ StreamConfig::Result chooseSection(const Description& offer, const StreamCapabil
             return result;
         }
     }
-    if (!findFirstActiveAudio(offer, section)) {
-        return noAudioStream();
-    }
-    StreamConfig::Result result = readSection(offer, section, remote);
+    // There is one: a qualifying section was read.
+    findFirstActiveAudio(offer, section);
+    result = readSection(offer, section, remote);
+    choice = Choice();
     return result.isFailure() ? result : refusal(remote, local, choice);
 }
 
@@ -125,10 +138,14 @@ RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remo
     return rtcp;
 }
 
-// The kept formats in the offer's m= order, at the agreed packet times.
-void negotiate(const RemoteMedia& remote, const StreamCapabilities& local, const Choice& choice,
-               StreamConfig& stream) {
-    startStream(remote, stream);
+// The kept formats in the offer's m= order, at the agreed packet times. Only the model's refusal
+// of the address, which leaves stream as it was, can refuse.
+StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabilities& local,
+                               const Choice& choice, StreamConfig& stream) {
+    StreamConfig::Result result = startStream(remote, stream);
+    if (result.isFailure()) {
+        return result;
+    }
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
@@ -140,13 +157,14 @@ void negotiate(const RemoteMedia& remote, const StreamCapabilities& local, const
     for (const RemoteFormat& format : remote) {
         if (&format == choice.amr) {
             AmrCodecConfig amr;
-            negotiateAmr(*choice.amrCaps, format.band, format.payloadType, choice.amr->amr, amr);
+            negotiateAmr(choice.fmtp, choice.amr->amr, format.band, format.payloadType, amr);
             placeCodec(amr, packetTime, maxPacketTime, stream);
         } else if (&format == choice.events) {
             DtmfCodecConfig dtmf = telephoneEvent(format);
             placeCodec(dtmf, packetTime, maxPacketTime, stream);
         }
     }
+    return result;
 }
 
 // The offer's t= when it reads as two numbers; else, and without one, "0 0".
@@ -177,10 +195,9 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
     writer.sessionPart(origin, localIp, timing(offer));
     SectionCursor sections = offer.sections();
     MediaSection section;
-    const AmrFmtpText fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
     while (sections.next(section)) {
         if (section.index == remote.section.index) {
-            writeStreamMedia(writer, stream, localIp, localPort, &fmtp);
+            writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp);
             continue;
         }
         writer.text("m=").token(section.type).text(" 0 ").token(section.protocol);
@@ -203,19 +220,23 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
         result = checkLocalEndpoint(localIp, localPort);
     }
     Description parsed;
-    if (result.isSuccess()) {
-        result = Description::parse(offer, parsed);
-    }
     RemoteMedia remote;
+    if (result.isSuccess()) {
+        result =
+            readDescription(offer, parsed, remote, SectionRule::Required, AddressCheck::ByBuilder);
+    }
     Choice choice;
     if (result.isSuccess()) {
         result = chooseSection(parsed, local, remote, choice);
     }
+    if (result.isSuccess()) {
+        choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
+        result = negotiate(remote, local, choice, negotiated);
+    }
     if (result.isFailure()) {
         return result;
     }
-    // Nothing below refuses: both outputs are written in place.
-    negotiate(remote, local, choice, negotiated);
+    // Nothing below refuses: the answer is written in place.
     std::string text;
     text.reserve(kBodyReserve);
     writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, text);

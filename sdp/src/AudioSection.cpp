@@ -1,11 +1,9 @@
 #include "AudioSection.h"
 
-#include <velmora/rune/Utils.h>
-
+#include "SectionScan.h"
 #include "syntax/SdpLine.h"
 
-#include <algorithm>
-#include <limits>
+#include <optional>
 
 namespace velmora {
 namespace rune {
@@ -13,241 +11,52 @@ namespace sdp {
 
 namespace {
 
-const uint32_t kNarrowBandClock = 8000;
-const uint32_t kWideBandClock = 16000;
-const uint8_t kUnlisted = 0xFF;
+// Reads the first qualifying section as the syntax check walks the description; remembers the
+// first active audio section, whose refusal explains why none qualifies.
+class ChosenSectionReader final : public LineObserver {
+  public:
+    explicit ChosenSectionReader(RemoteMedia& out) : mScan(out) {}
 
-// "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
-void classify(RemoteFormat& format) {
-    PieceCursor parts(format.encoding, '/');
-    std::string_view name;
-    std::string_view clockText;
-    std::string_view channelsText;
-    std::string_view extra;
-    parts.next(name);
-    const bool hasClock = parts.next(clockText);
-    const bool hasChannels = parts.next(channelsText);
-    uint64_t clock;
-    uint64_t channels = 1;
-    if (!hasClock || parts.next(extra) ||
-        !parseDecimal(clockText, std::numeric_limits<uint32_t>::max(), clock) ||
-        (hasChannels &&
-         !parseDecimal(channelsText, std::numeric_limits<uint32_t>::max(), channels)) ||
-        channels != 1) {
-        return;
+    void sessionLine(const Line& line, const LineValues& values) override {
+        takeSessionLine(mSession, line, values);
     }
-    if (equalsIgnoreCase(name, "AMR") && clock == kNarrowBandClock) {
-        format.kind = RemoteFormat::Amr;
-        format.band = BandTypeNb;
-    } else if (equalsIgnoreCase(name, "AMR-WB") && clock == kWideBandClock) {
-        format.kind = RemoteFormat::Amr;
-        format.band = BandTypeWb;
-    } else if (equalsIgnoreCase(name, "telephone-event") &&
-               (clock == kNarrowBandClock || clock == kWideBandClock)) {
-        format.kind = RemoteFormat::TelephoneEvent;
-        format.band = clock == kNarrowBandClock ? BandTypeNb : BandTypeWb;
+    bool mediaLine(const MediaSection& section) override;
+    void sectionLine(const Line& line, const LineValues& values) override {
+        mScan.take(line, values);
     }
-}
 
-StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
-                                      std::array<uint8_t, kMaxPayloadType + 1>& index) {
-    index.fill(kUnlisted);
-    std::string_view tokens = section.formats;
-    size_t count = 0;
-    for (std::string_view rest = tokens; !nextField(rest).empty();) {
-        ++count;
-    }
-    // At most one of each payload type: the room is bounded whatever the line's length.
-    remote.formats.reserve(std::min<size_t>(count, kMaxPayloadType + 1));
-    for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
-        uint64_t payloadType;
-        if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
-            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                             "Bad payload type: ", token);
-        }
-        // The model would refuse the second codec too, but would not release it.
-        if (index[payloadType] != kUnlisted) {
-            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                             "A codec with the same payload type ", payloadType,
-                             " is already present");
-        }
-        index[payloadType] = static_cast<uint8_t>(remote.formats.size());
-        remote.formats.emplace_back();
-        remote.formats.back().payloadType = static_cast<int>(payloadType);
-    }
-    return StreamConfig::Result::success();
-}
+    StreamConfig::Result finish(const Description& description, SectionRule rule,
+                                AddressCheck check, RemoteMedia& out);
 
-// The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
-// after the colon are tolerated; a payload type that cannot be read, or that the m= line does
-// not list, leaves the line out.
-RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
-                       const std::array<uint8_t, kMaxPayloadType + 1>& index,
-                       std::string_view& rest) {
-    value = trim(value);
-    const std::string_view digits = leadingDigits(value);
-    uint64_t payloadType;
-    if ((digits.size() < value.size() && !isBlank(value[digits.size()])) ||
-        !parseDecimal(digits, kMaxPayloadType, payloadType) || index[payloadType] == kUnlisted) {
-        return nullptr;
-    }
-    rest = trim(value.substr(digits.size()));
-    return &remote.formats[index[payloadType]];
-}
+  private:
+    SectionScan mScan;
+    SharedLines mSession;
+    bool mChosen = false;
+    std::optional<unsigned> mFirstActive;
+};
 
-bool readDirection(std::string_view value, std::optional<StreamConfig::Direction>& direction) {
-    if (value == "sendrecv") {
-        direction = StreamConfig::DirectionFullDuplex;
-    } else if (value == "sendonly") {
-        direction = StreamConfig::DirectionSendOnly;
-    } else if (value == "recvonly") {
-        direction = StreamConfig::DirectionReceiveOnly;
-    } else if (value == "inactive") {
-        direction = StreamConfig::DirectionInactive;
-    } else {
+bool ChosenSectionReader::mediaLine(const MediaSection& section) {
+    if (!mFirstActive && section.isActiveAudio()) {
+        mFirstActive = section.index;
+    }
+    if (mChosen || !qualifies(section)) {
         return false;
     }
-    return true;
+    mChosen = true;
+    mScan.start(section);
+    return mScan.scanning();
 }
 
-// The lines that may come from either level; the first one of each counts.
-struct SharedLines {
-    Line connection;
-    std::optional<StreamConfig::Direction> direction;
-    std::optional<uint32_t> as;
-    std::optional<uint32_t> rs;
-    std::optional<uint32_t> rr;
-
-    // True when line is one of them.
-    bool take(const Line& line);
-};
-
-bool SharedLines::take(const Line& line) {
-    switch (line.type()) {
-        case 'c':
-            if (!connection.exists()) {
-                connection = line;
-            }
-            return true;
-        case 'b': {
-            std::string_view modifier;
-            uint32_t bandwidth;
-            Description::parseBandwidth(line.value(), modifier, bandwidth);
-            std::optional<uint32_t>* target = modifier == "AS"   ? &as
-                                              : modifier == "RS" ? &rs
-                                              : modifier == "RR" ? &rr
-                                                                 : nullptr;
-            if (target != nullptr && !*target) {
-                *target = bandwidth;
-            }
-            return true;
-        }
-        case 'a':
-            return !direction && readDirection(line.value(), direction);
-        default:
-            return false;
+StreamConfig::Result ChosenSectionReader::finish(const Description& description, SectionRule rule,
+                                                 AddressCheck check, RemoteMedia& out) {
+    if (mChosen) {
+        return mScan.finish(mSession, rule, check);
     }
-}
-
-// What the media lines hold besides the shared ones.
-struct MediaLines {
-    SharedLines shared;
-    // The first a=ptime or a=maxptime whose value is not a number.
-    Line badPacketTime;
-    std::string_view badPacketTimeValue;
-};
-
-// The one walk over the section's lines.
-void scanSection(const MediaSection& section, RemoteMedia& remote,
-                 const std::array<uint8_t, kMaxPayloadType + 1>& index, MediaLines& found) {
-    LineCursor lines = section.lines();
-    Line line;
-    while (lines.next(line)) {
-        if (found.shared.take(line) || line.type() != 'a') {
-            continue;
-        }
-        std::string_view name;
-        std::string_view value;
-        Description::splitAttribute(line, name, value);
-        std::string_view rest;
-        if (name == "rtpmap" || name == "fmtp") {
-            RemoteFormat* format = formatOf(value, remote, index, rest);
-            if (format == nullptr) {
-                continue;
-            }
-            if (name == "fmtp") {
-                if (!format->fmtp.exists()) {
-                    format->fmtp = line;
-                    format->fmtpText = rest;
-                }
-            } else if (format->encoding.data() == nullptr) {
-                format->encoding = rest;
-            }
-        } else if (name == "ptime" || name == "maxptime") {
-            std::optional<uint32_t>& target =
-                name == "ptime" ? remote.packetTime : remote.maxPacketTime;
-            uint64_t milliseconds;
-            if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
-                if (!found.badPacketTime.exists()) {
-                    found.badPacketTime = line;
-                    found.badPacketTimeValue = value;
-                }
-            } else if (!target) {
-                target = static_cast<uint32_t>(milliseconds);
-            }
-        } else if (name == "rtcp-rsize") {
-            remote.reducedSize = true;
-        }
+    MediaSection section;
+    if (mFirstActive && description.section(*mFirstActive, section)) {
+        return readSection(description, section, out, rule, check);
     }
-}
-
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-// Letters, digits, '-' and '.', with a letter among them: a name to resolve, not an address.
-bool isDomainName(std::string_view address) {
-    bool letter = false;
-    for (char c : address) {
-        if (isLetter(c)) {
-            letter = true;
-        } else if (!(c >= '0' && c <= '9') && c != '-' && c != '.') {
-            return false;
-        }
-    }
-    return letter;
-}
-
-StreamConfig::Result readAddress(const Line& connection, RemoteMedia& remote) {
-    std::string_view address;
-    Description::parseConnection(connection.value(), address);
-    remote.address.assign(address.data(), address.size());
-    if (Utils::isValidIpAddress(remote.address)) {
-        return StreamConfig::Result::success();
-    }
-    if (isDomainName(address)) {
-        return refusalAt(connection, StreamConfig::InvalidConfiguration,
-                         "Connection address is a domain name");
-    }
-    // The model's own words.
-    StreamConfig probe;
-    return atLine(connection, probe.setRemoteIp(remote.address));
-}
-
-StreamConfig::Result readFormats(RemoteMedia& remote) {
-    for (RemoteFormat& format : remote.formats) {
-        if (format.encoding.data() != nullptr) {
-            classify(format);
-        }
-        if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
-            StreamConfig::Result result =
-                readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr);
-            if (result.isFailure()) {
-                return result;
-            }
-        }
-    }
-    return StreamConfig::Result::success();
+    return rule == SectionRule::Required ? noAudioStream() : successResult();
 }
 
 }  // namespace
@@ -270,59 +79,31 @@ bool qualifies(const MediaSection& section) {
 }
 
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out) {
-    out.section = section;
-    out.formats.clear();
-    out.reducedSize = false;
-    out.packetTime.reset();
-    out.maxPacketTime.reset();
-    if (!Utils::isValidSocketPort(section.port)) {
-        StreamConfig probe;
-        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
-    }
-    out.port = section.port;
-    if (!isSupportedTransport(section.protocol)) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                         "Unsupported transport: ", section.protocol);
-    }
-    out.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
-    std::array<uint8_t, kMaxPayloadType + 1> index;
-    StreamConfig::Result result = readPayloadTypes(section, out, index);
-    if (result.isFailure()) {
-        return result;
-    }
-    MediaLines found;
-    scanSection(section, out, index, found);
-    // Session-level lines fill in per kind what the section does not say.
-    SharedLines session;
-    LineCursor lines = description.sessionLines();
+                                 RemoteMedia& out, SectionRule rule, AddressCheck check) {
+    SectionScan scan(out);
+    scan.start(section);
+    LineCursor lines = section.lines();
     Line line;
+    while (scan.scanning() && lines.next(line)) {
+        LineValues values;
+        Description::readValues(line, values);
+        scan.take(line, values);
+    }
+    SharedLines session;
+    lines = description.sessionLines();
     while (lines.next(line)) {
-        session.take(line);
+        LineValues values;
+        Description::readValues(line, values);
+        takeSessionLine(session, line, values);
     }
-    const Line& connection =
-        found.shared.connection.exists() ? found.shared.connection : session.connection;
-    if (!connection.exists()) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
-                         "No connection address");
-    }
-    result = readAddress(connection, out);
-    if (result.isSuccess()) {
-        result = readFormats(out);
-    }
-    if (result.isSuccess() && found.badPacketTime.exists()) {
-        result = refusalAt(found.badPacketTime, StreamConfig::InvalidParam,
-                           "Bad packet time: ", found.badPacketTimeValue);
-    }
-    if (result.isFailure()) {
-        return result;
-    }
-    out.direction = found.shared.direction.value_or(
-        session.direction.value_or(StreamConfig::DirectionFullDuplex));
-    out.as = found.shared.as ? found.shared.as : session.as;
-    out.rs = found.shared.rs ? found.shared.rs : session.rs;
-    out.rr = found.shared.rr ? found.shared.rr : session.rr;
-    return result;
+    return scan.finish(session, rule, check);
+}
+
+StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
+                                     SectionRule rule, AddressCheck check) {
+    ChosenSectionReader reader(out);
+    StreamConfig::Result result = Description::parse(text, parsed, &reader);
+    return result.isFailure() ? result : reader.finish(parsed, rule, check, out);
 }
 
 bool findFirstActiveAudio(const Description& description, MediaSection& section) {
@@ -340,19 +121,9 @@ StreamConfig::Result noAudioStream() {
                                                  "No audio stream");
 }
 
-StreamConfig::Result readChosenSection(const Description& description, RemoteMedia& out) {
-    SectionCursor sections = description.sections();
-    MediaSection section;
-    while (sections.next(section)) {
-        if (qualifies(section)) {
-            return readSection(description, section, out);
-        }
-    }
-    // Not one qualifies: the first active audio section's refusal explains why.
-    if (!findFirstActiveAudio(description, section)) {
-        return noAudioStream();
-    }
-    return readSection(description, section, out);
+StreamConfig::Result noConnectionAddress(const MediaSection& section) {
+    return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
+                     "No connection address");
 }
 
 }  // namespace sdp

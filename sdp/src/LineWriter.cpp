@@ -88,6 +88,9 @@ LineWriter& LineWriter::number(uint64_t number) {
 }
 
 LineWriter& LineWriter::token(std::string_view token) {
+    if (isShownAsIs(token)) {
+        return text(token);
+    }
     std::string quoted;
     appendQuoted(quoted, token);
     return text(quoted);
@@ -209,16 +212,12 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
 StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPort) {
     const bool goodAddress = Utils::isValidIpAddress(localIp);
     if (goodAddress && localPort >= 1 && localPort <= kMaxPort) {
-        return StreamConfig::Result::success();
+        return successResult();
     }
     // The model's words; it refuses privileged ports for remote ends, not for this one.
+    // The caller's own values, not network input: the message stays unquoted.
     StreamConfig probe;
-    StreamConfig::Result result =
-        goodAddress ? probe.setRemoteRtpPort(localPort) : probe.setRemoteIp(localIp);
-    std::string message;
-    appendQuoted(message, result.mMessage);
-    result.mMessage = std::move(message);
-    return result;
+    return goodAddress ? probe.setRemoteRtpPort(localPort) : probe.setRemoteIp(localIp);
 }
 
 StreamConfig::Result checkOrigin(const Origin& origin) {
@@ -226,7 +225,7 @@ StreamConfig::Result checkOrigin(const Origin& origin) {
     for (char c : origin.username) {
         good = good && static_cast<unsigned char>(c) > 0x20 && c != 0x7F;
     }
-    return good ? StreamConfig::Result::success()
+    return good ? successResult()
                 : makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
                                                         "Bad origin username");
 }

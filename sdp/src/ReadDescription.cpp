@@ -14,16 +14,17 @@ namespace sdp {
 Result readRemoteDescription(const std::string& description, StreamConfig& stream,
                              std::vector<SkippedFormat>& skipped) {
     Description parsed;
-    Result result = Description::parse(description, parsed);
     RemoteMedia remote;
+    Result result = readDescription(description, parsed, remote, SectionRule::Required,
+                                    AddressCheck::ByBuilder);
     if (result.isSuccess()) {
-        result = readChosenSection(parsed, remote);
+        // The last refusal there can be: the model's of the address, before anything changes.
+        result = startStream(remote, stream);
     }
     if (result.isFailure()) {
         return result;
     }
     // Nothing below refuses: the stream is built in place.
-    startStream(remote, stream);
     setReadRtcp(remote, stream);
     skipped.clear();
     AmrCodecConfig amr;

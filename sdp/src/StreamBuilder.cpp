@@ -15,15 +15,26 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction) {
     }
 }
 
-void startStream(const RemoteMedia& remote, StreamConfig& stream) {
-    // Copying a default costs less than building one to copy.
-    static const StreamConfig defaults;
-    stream = defaults;
-    // The reader checked both with the model's own checks.
-    (void)stream.setRemoteIp(remote.address);
+StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream) {
+    // The model's setter checks the address, once, and refuses before it changes anything.
+    StreamConfig::Result result = stream.setRemoteIp(std::string(remote.address));
+    if (result.isFailure()) {
+        return addressRefusal(remote, std::move(result));
+    }
+    // Every other field back to its default in place: a copy of a default stream would copy
+    // its strings and lists.
+    stream.muteUplink(StreamConfig::DEFAULT_MUTED);
+    stream.setRtcp(StreamConfig::DEFAULT_RTCP_ENABLED);
+    stream.setRtcpConfig(RtcpConfig());
+    stream.clearUplinkCodecs();
+    stream.clearDownlinkCodecs();
+    stream.setHoldState(StreamConfig::DEFAULT_IS_HELD);
+    stream.setPdpContext(StreamConfig::PdpContext());
+    // The reader checked the port with the model's own check.
     (void)stream.setRemoteRtpPort(remote.port);
     (void)stream.setDirection(mirror(remote.direction));
     stream.setRtpProfile(remote.profile);
+    return result;
 }
 
 void setReadRtcp(const RemoteMedia& remote, StreamConfig& stream) {

@@ -17,9 +17,10 @@ namespace sdp {
 // The direction of this side when the other side declares direction.
 StreamConfig::Direction mirror(StreamConfig::Direction direction);
 
-// Makes stream a default StreamConfig with the remote endpoint and profile of remote and the
-// direction it declares, mirrored.
-void startStream(const RemoteMedia& remote, StreamConfig& stream);
+// Makes stream, in place, a default StreamConfig with the remote endpoint and profile of remote
+// and the direction it declares, mirrored. The model's setter checks the address first: its
+// refusal, as reading gives it, is the result, and stream is left as it was.
+StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream);
 
 // RFC 3556 bandwidths as read: a value not given keeps its default; RS and RR both given and
 // both 0 turn RTCP off.

@@ -55,7 +55,7 @@ TEST(AcceptAnswerTest, RefusesAnswersThatChangeTheOffer) {
         EXPECT_EQ(before.toString(), negotiated.toString());
     }
     const std::string badOffer = kOffer + "b=AS:x\r\n";
-    EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad bandwidth value: AS:x", badOffer, 24),
+    EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad bandwidth value: AS:x", badOffer, 23),
               sdp::acceptAnswer(badOffer, rows[0].text, before).format());
 }
 

@@ -1,5 +1,7 @@
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -14,6 +16,10 @@ bool isControl(char c) {
 }
 
 }  // namespace
+
+bool isShownAsIs(std::string_view text) {
+    return text.size() <= kQuotedCharacters && std::none_of(text.begin(), text.end(), isControl);
+}
 
 void appendQuoted(std::string& out, std::string_view text) {
     static const char kHex[] = "0123456789ABCDEF";

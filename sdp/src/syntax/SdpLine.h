@@ -64,15 +64,23 @@ inline bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-// Without the blanks at both ends.
-inline std::string_view trim(std::string_view text) {
+inline std::string_view trimStart(std::string_view text) {
     while (!text.empty() && isBlank(text.front())) {
         text.remove_prefix(1);
     }
+    return text;
+}
+
+inline std::string_view trimEnd(std::string_view text) {
     while (!text.empty() && isBlank(text.back())) {
         text.remove_suffix(1);
     }
     return text;
+}
+
+// Without the blanks at both ends.
+inline std::string_view trim(std::string_view text) {
+    return trimEnd(trimStart(text));
 }
 
 // The first blank-separated field of text, taken off it with the blanks before it; empty when
@@ -124,6 +132,10 @@ inline bool equalsIgnoreCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) {
         return false;
     }
+    // Names are mostly written in the case looked for: one comparison of the whole first.
+    if (a == b) {
+        return true;
+    }
     for (size_t i = 0; i < a.size(); ++i) {
         // Letters differ from their other case in bit 0x20 only; both must be letters then.
         const char x = a[i];
@@ -167,9 +179,16 @@ bool LineCursor::next(Line& line) {
     return false;
 }
 
+// Success built in place: a copy of the model's shared success value copies three strings.
+inline StreamConfig::Result successResult() {
+    return {StreamConfig::Success};
+}
+
 // Untrusted text as refusals and skipped formats show it: bytes below 0x20 other than tab, and
 // 0x7F, as \xHH; at most the first 120 characters, then "..." when there are more.
 void appendQuoted(std::string& out, std::string_view text);
+// True when appendQuoted would append text unchanged.
+bool isShownAsIs(std::string_view text);
 
 // A refusal whose context is the line; its message and the line quoted.
 StreamConfig::Result atLine(const Line& line, StreamConfig::Result result);

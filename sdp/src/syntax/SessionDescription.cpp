@@ -3,6 +3,7 @@
 #include "internal/Results.h"
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace velmora {
@@ -31,7 +32,8 @@ StreamConfig::Result badLine(const Line& line, const char* message) {
 
 }  // namespace
 
-StreamConfig::Result Description::parse(std::string_view text, Description& out) {
+StreamConfig::Result Description::parse(std::string_view text, Description& out,
+                                        LineObserver* observer) {
     if (text.size() > kMaxDescriptionSize) {
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
                                                      "Description too long");
@@ -44,6 +46,8 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
     const size_t nulOffset = text.find('\0');
     const char* nul = nulOffset == std::string_view::npos ? nullptr : text.data() + nulOffset;
     bool first = true;
+    // Whether the observer sees the current section's lines.
+    bool watched = false;
     Line line;
     while (lines.next(line)) {
         if (first && line.text != "v=0") {
@@ -53,34 +57,36 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
         if (!isWellFormed(line.text, nul)) {
             return badLine(line, "Bad line");
         }
-        std::string_view unused;
-        uint32_t bandwidth;
-        MediaSection media;
-        switch (line.type()) {
-            case 'm':
-                if (!parseMedia(line, media)) {
-                    return badLine(line, "Bad media line");
-                }
-                ++description.mSectionCount;
-                if (description.mFirstMediaNumber == 0) {
-                    description.mFirstMediaNumber = line.number;
-                    // The session part ends where the first m= line starts.
-                    description.mSession = text.substr(0, line.text.data() - text.data());
-                }
-                break;
-            case 'c':
-                if (!parseConnection(line.value(), unused)) {
-                    return badLine(line, "Bad connection line");
-                }
-                break;
-            case 'b':
-                if (!parseBandwidth(line.value(), unused, bandwidth)) {
-                    return refusalAt(line, StreamConfig::InvalidParam,
-                                     "Bad bandwidth value: ", line.value());
-                }
-                break;
-            default:
-                break;
+        LineValues values;
+        if (line.type() == 'm') {
+            MediaSection media;
+            if (!parseMedia(line, media)) {
+                return badLine(line, "Bad media line");
+            }
+            media.index = description.mSectionCount++;
+            if (media.index < kKnownTypes) {
+                description.mTypes[media.index] = media.type;
+            }
+            if (description.mFirstMediaNumber == 0) {
+                description.mFirstMediaNumber = line.number;
+                // The session part ends where the first m= line starts.
+                description.mSession = text.substr(0, line.text.data() - text.data());
+            }
+            watched = observer != nullptr && observer->mediaLine(media);
+            continue;
+        }
+        if (!readValues(line, values)) {
+            return line.type() == 'c' ? badLine(line, "Bad connection line")
+                                      : refusalAt(line, StreamConfig::InvalidParam,
+                                                  "Bad bandwidth value: ", line.value());
+        }
+        if (observer == nullptr) {
+            continue;
+        }
+        if (description.mFirstMediaNumber == 0) {
+            observer->sessionLine(line, values);
+        } else if (watched) {
+            observer->sectionLine(line, values);
         }
     }
     if (first) {
@@ -89,7 +95,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out)
                                                      "Description must start with v=0");
     }
     out = description;
-    return StreamConfig::Result::success();
+    return successResult();
 }
 
 bool SectionCursor::next(MediaSection& section) {
@@ -128,6 +134,25 @@ bool Description::section(unsigned index, MediaSection& section) const {
         }
     }
     return false;
+}
+
+bool Description::hasSameMediaTypes(const Description& other) const {
+    if (mSectionCount != other.mSectionCount) {
+        return false;
+    }
+    if (mSectionCount <= kKnownTypes) {
+        return std::equal(mTypes.begin(), mTypes.begin() + mSectionCount, other.mTypes.begin());
+    }
+    SectionCursor mine = sections();
+    SectionCursor theirs = other.sections();
+    MediaSection section;
+    MediaSection otherSection;
+    while (mine.next(section) && theirs.next(otherSection)) {
+        if (section.type != otherSection.type) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool Description::parseMedia(const Line& line, MediaSection& media) {
@@ -177,14 +202,6 @@ bool Description::parseBandwidth(std::string_view value, std::string_view& modif
     modifier = value.substr(0, colon);
     bandwidth = static_cast<uint32_t>(number);
     return true;
-}
-
-void Description::splitAttribute(const Line& line, std::string_view& name,
-                                 std::string_view& value) {
-    const std::string_view text = line.value();
-    const size_t colon = text.find(':');
-    name = text.substr(0, colon);
-    value = colon == std::string_view::npos ? std::string_view() : text.substr(colon + 1);
 }
 
 }  // namespace sdp

@@ -9,6 +9,7 @@
 
 #include "syntax/SdpLine.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -55,11 +56,36 @@ class SectionCursor {
     unsigned mIndex = 0;
 };
 
+// The values of a c= or b= line, read once by the syntax check.
+struct LineValues {
+    // c=: without a "/ttl" or "/count" suffix.
+    std::string_view address;
+    // b=
+    std::string_view modifier;
+    uint32_t bandwidth = 0;
+};
+
+// Sees the lines as the syntax check reads them, so that a reader needs no second walk. Lines
+// come in order, but a later line may still fail the syntax check.
+class LineObserver {
+  public:
+    // A line before the first m= line.
+    virtual void sessionLine(const Line& line, const LineValues& values) = 0;
+    // The section as its m= line gives it, without its body; true to see the section's lines.
+    virtual bool mediaLine(const MediaSection& section) = 0;
+    // A line after an m= line that mediaLine wanted to see.
+    virtual void sectionLine(const Line& line, const LineValues& values) = 0;
+
+  protected:
+    ~LineObserver() = default;
+};
+
 class Description {
   public:
     // Refuses a text longer than 64 KiB, then the first line whose syntax is wrong; out is
-    // complete only on success.
-    static StreamConfig::Result parse(std::string_view text, Description& out);
+    // complete only on success. The observer, when given, sees the lines on the way.
+    static StreamConfig::Result parse(std::string_view text, Description& out,
+                                      LineObserver* observer = nullptr);
 
     // The session-level lines, v= included.
     LineCursor sessionLines() const { return {mSession, 1}; }
@@ -68,14 +94,32 @@ class Description {
     }
     // The media section at index; false when there is none.
     bool section(unsigned index, MediaSection& section) const;
+    // The same number of m= lines, of the same media types in the same order.
+    bool hasSameMediaTypes(const Description& other) const;
 
+    // The values of a c= or b= line; false when its form is wrong. Other lines have none.
+    static bool readValues(const Line& line, LineValues& values) {
+        switch (line.type()) {
+            case 'c':
+                return parseConnection(line.value(), values.address);
+            case 'b':
+                return parseBandwidth(line.value(), values.modifier, values.bandwidth);
+            default:
+                return true;
+        }
+    }
     // The address of a c= value "IN IP4 a" or "IN IP6 a", without a "/ttl" or "/count" suffix.
     static bool parseConnection(std::string_view value, std::string_view& address);
     // A b= value "modifier:number".
     static bool parseBandwidth(std::string_view value, std::string_view& modifier,
                                uint32_t& bandwidth);
     // The name and value of an a= line: "rtpmap" and "97 AMR/8000" for "a=rtpmap:97 AMR/8000".
-    static void splitAttribute(const Line& line, std::string_view& name, std::string_view& value);
+    static void splitAttribute(const Line& line, std::string_view& name, std::string_view& value) {
+        const std::string_view text = line.value();
+        const size_t colon = text.find(':');
+        name = text.substr(0, colon);
+        value = colon == std::string_view::npos ? std::string_view() : text.substr(colon + 1);
+    }
 
     static bool parseMedia(const Line& line, MediaSection& media);
 
@@ -86,6 +130,9 @@ class Description {
     // The number of the first m= line.
     unsigned mFirstMediaNumber = 0;
     unsigned mSectionCount = 0;
+    // The media types of the first sections, so that usual descriptions compare without a walk.
+    static const unsigned kKnownTypes = 4;
+    std::array<std::string_view, kKnownTypes> mTypes;
 };
 
 }  // namespace sdp

@@ -1,0 +1,293 @@
+#include "SectionScan.h"
+
+#include <velmora/rune/Utils.h>
+
+#include "AmrFmtp.h"
+#include "syntax/SdpLine.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+const uint32_t kNarrowBandClock = 8000;
+const uint32_t kWideBandClock = 16000;
+const uint8_t kUnlisted = 0xFF;
+
+// "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
+void classify(RemoteFormat& format) {
+    PieceCursor parts(format.encoding, '/');
+    std::string_view name;
+    std::string_view clockText;
+    std::string_view channelsText;
+    std::string_view extra;
+    parts.next(name);
+    const bool hasClock = parts.next(clockText);
+    const bool hasChannels = parts.next(channelsText);
+    uint64_t clock;
+    uint64_t channels = 1;
+    if (!hasClock || parts.next(extra) ||
+        !parseDecimal(clockText, std::numeric_limits<uint32_t>::max(), clock) ||
+        (hasChannels &&
+         !parseDecimal(channelsText, std::numeric_limits<uint32_t>::max(), channels)) ||
+        channels != 1) {
+        return;
+    }
+    if (equalsIgnoreCase(name, "AMR") && clock == kNarrowBandClock) {
+        format.kind = RemoteFormat::Amr;
+        format.band = BandTypeNb;
+    } else if (equalsIgnoreCase(name, "AMR-WB") && clock == kWideBandClock) {
+        format.kind = RemoteFormat::Amr;
+        format.band = BandTypeWb;
+    } else if (equalsIgnoreCase(name, "telephone-event") &&
+               (clock == kNarrowBandClock || clock == kWideBandClock)) {
+        format.kind = RemoteFormat::TelephoneEvent;
+        format.band = clock == kNarrowBandClock ? BandTypeNb : BandTypeWb;
+    }
+}
+
+StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
+                                      std::array<uint8_t, kMaxPayloadType + 1>& index) {
+    index.fill(kUnlisted);
+    std::string_view tokens = section.formats;
+    size_t count = 0;
+    for (size_t i = 0; i < tokens.size(); ++i) {
+        count += !isBlank(tokens[i]) && (i == 0 || isBlank(tokens[i - 1])) ? 1 : 0;
+    }
+    // At most one of each payload type: the room is bounded whatever the line's length.
+    remote.formats.reset(std::min<size_t>(count, kMaxPayloadType + 1));
+    for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
+        uint64_t payloadType;
+        if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
+            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                             "Bad payload type: ", token);
+        }
+        // The model would refuse the second codec too, but would not release it.
+        if (index[payloadType] != kUnlisted) {
+            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                             "A codec with the same payload type ", payloadType,
+                             " is already present");
+        }
+        index[payloadType] = static_cast<uint8_t>(remote.formats.size());
+        remote.formats.add().payloadType = static_cast<int>(payloadType);
+    }
+    return successResult();
+}
+
+// The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
+// after the colon are tolerated; a payload type that cannot be read, or that the m= line does
+// not list, leaves the line out.
+RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
+                       const std::array<uint8_t, kMaxPayloadType + 1>& index,
+                       std::string_view& rest) {
+    value = trim(value);
+    const std::string_view digits = leadingDigits(value);
+    uint64_t payloadType;
+    if ((digits.size() < value.size() && !isBlank(value[digits.size()])) ||
+        !parseDecimal(digits, kMaxPayloadType, payloadType) || index[payloadType] == kUnlisted) {
+        return nullptr;
+    }
+    rest = trim(value.substr(digits.size()));
+    return &remote.formats[index[payloadType]];
+}
+
+StreamConfig::Result readFormats(RemoteMedia& remote) {
+    for (RemoteFormat& format : remote.formats) {
+        if (format.encoding.data() != nullptr) {
+            classify(format);
+        }
+        if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
+            StreamConfig::Result result =
+                readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr);
+            if (result.isFailure()) {
+                return result;
+            }
+        }
+    }
+    return successResult();
+}
+
+}  // namespace
+
+void SharedLines::takeConnection(const Line& line, const LineValues& values) {
+    if (!connection.exists()) {
+        connection = line;
+        address = values.address;
+    }
+}
+
+void SharedLines::takeBandwidth(const LineValues& values) {
+    const std::string_view modifier = values.modifier;
+    std::optional<uint32_t>* target = modifier == "AS"   ? &as
+                                      : modifier == "RS" ? &rs
+                                      : modifier == "RR" ? &rr
+                                                         : nullptr;
+    if (target != nullptr && !*target) {
+        *target = values.bandwidth;
+    }
+}
+
+void SharedLines::takeDirection(std::string_view text) {
+    if (direction) {
+        return;
+    }
+    if (text == "sendrecv") {
+        direction = StreamConfig::DirectionFullDuplex;
+    } else if (text == "sendonly") {
+        direction = StreamConfig::DirectionSendOnly;
+    } else if (text == "recvonly") {
+        direction = StreamConfig::DirectionReceiveOnly;
+    } else if (text == "inactive") {
+        direction = StreamConfig::DirectionInactive;
+    }
+}
+
+// The session-level lines that sections inherit.
+void takeSessionLine(SharedLines& session, const Line& line, const LineValues& values) {
+    switch (line.type()) {
+        case 'c':
+            session.takeConnection(line, values);
+            break;
+        case 'b':
+            session.takeBandwidth(values);
+            break;
+        case 'a':
+            session.takeDirection(line.value());
+            break;
+        default:
+            break;
+    }
+}
+
+void SectionScan::start(const MediaSection& section) {
+    mOut.section = section;
+    mOut.connection = Line();
+    mOut.address = std::string_view();
+    mOut.addressChecked = false;
+    mOut.formats.reset(0);
+    mOut.reducedSize = false;
+    mOut.packetTime.reset();
+    mOut.maxPacketTime.reset();
+    mPayloadTypes = readPayloadTypes(section, mOut, mIndex);
+}
+
+void SectionScan::take(const Line& line, const LineValues& values) {
+    switch (line.type()) {
+        case 'c':
+            mShared.takeConnection(line, values);
+            break;
+        case 'b':
+            mShared.takeBandwidth(values);
+            break;
+        case 'a':
+            takeAttribute(line);
+            break;
+        default:
+            break;
+    }
+}
+
+void SectionScan::takeAttribute(const Line& line) {
+    std::string_view name;
+    std::string_view value;
+    Description::splitAttribute(line, name, value);
+    // The names differ in length but for the packet times and the directions.
+    switch (name.size()) {
+        case 4:
+        case 6:
+            if (name == "rtpmap" || name == "fmtp") {
+                std::string_view rest;
+                RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
+                if (format == nullptr) {
+                    break;
+                }
+                if (name.size() == 4) {
+                    if (!format->fmtp.exists()) {
+                        format->fmtp = line;
+                        format->fmtpText = rest;
+                    }
+                } else if (format->encoding.data() == nullptr) {
+                    format->encoding = rest;
+                }
+            }
+            break;
+        case 5:
+        case 8:
+            if (name == "ptime" || name == "maxptime") {
+                std::optional<uint32_t>& target =
+                    name.size() == 5 ? mOut.packetTime : mOut.maxPacketTime;
+                uint64_t milliseconds;
+                if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
+                    if (!mBadPacketTime.exists()) {
+                        mBadPacketTime = line;
+                        mBadPacketTimeValue = value;
+                    }
+                } else if (!target) {
+                    target = static_cast<uint32_t>(milliseconds);
+                }
+            } else {
+                mShared.takeDirection(line.value());
+            }
+            break;
+        case 10:
+            if (name == "rtcp-rsize") {
+                mOut.reducedSize = true;
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule,
+                                         AddressCheck check) {
+    const MediaSection& section = mOut.section;
+    if (!Utils::isValidSocketPort(section.port)) {
+        StreamConfig probe;
+        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+    }
+    mOut.port = section.port;
+    if (!isSupportedTransport(section.protocol)) {
+        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                         "Unsupported transport: ", section.protocol);
+    }
+    mOut.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
+    if (mPayloadTypes.isFailure()) {
+        return mPayloadTypes;
+    }
+    const SharedLines& connection = mShared.connection.exists() ? mShared : session;
+    mOut.connection = connection.connection;
+    mOut.address = connection.address;
+    if (!mOut.connection.exists() && rule == SectionRule::Required) {
+        return noConnectionAddress(section);
+    }
+    if (mOut.connection.exists() && check == AddressCheck::Now) {
+        StreamConfig::Result address = checkAddress(mOut);
+        if (address.isFailure()) {
+            return address;
+        }
+    }
+    StreamConfig::Result result = readFormats(mOut);
+    if (result.isSuccess() && mBadPacketTime.exists()) {
+        result = refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
+                           "Bad packet time: ", mBadPacketTimeValue);
+    }
+    if (result.isFailure()) {
+        // An address left to the builder still comes first.
+        return afterAddress(mOut, std::move(result));
+    }
+    mOut.direction =
+        mShared.direction.value_or(session.direction.value_or(StreamConfig::DirectionFullDuplex));
+    mOut.as = mShared.as ? mShared.as : session.as;
+    mOut.rs = mShared.rs ? mShared.rs : session.rs;
+    mOut.rr = mShared.rr ? mShared.rr : session.rr;
+    return result;
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora
