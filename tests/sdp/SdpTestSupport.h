@@ -8,6 +8,8 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "DataText.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -19,9 +21,6 @@ namespace velmora {
 namespace testing {
 
 using namespace rune;
-
-// tests/sdp/data/name, its lines ended by lineEnd.
-std::string dataText(const std::string& name, const char* lineEnd = "\r\n");
 
 // message, followed by the context of line number of text, as format() writes it.
 std::string refusal(const std::string& message, const std::string& text, int number);
@@ -103,15 +102,6 @@ inline DtmfCodecConfig dtmfCodec(BandType band, int payloadType) {
     EXPECT_TRUE(dtmf.setBandType(band).isSuccess());
     dtmf.setPayloadType(payloadType);
     return dtmf;
-}
-
-// Both packet times of every codec.
-inline void setPacketTimes(const std::vector<CodecConfig*>& codecs, unsigned int packetTime,
-                           unsigned int maxPacketTime) {
-    for (CodecConfig* codec : codecs) {
-        codec->setPacketTime(packetTime);
-        codec->setMaxPacketTime(maxPacketTime);
-    }
 }
 
 // A stream with the codecs where the reader places them: on each active direction, on the

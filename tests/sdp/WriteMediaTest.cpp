@@ -35,7 +35,8 @@ const WriteCase kWriteCases[] = {
     // the packet times of the first codec; send only, so the uplink codecs are listed.
     {[] {
          AmrCodecConfig wide = amrCodec(BandTypeWb, 98, {8, 2, 0}, kEveryOption, 80);
-         setPacketTimes({&wide}, 40, 120);
+         wide.setPacketTime(40);
+         wide.setMaxPacketTime(120);
          const AmrCodecConfig narrow =
              amrCodec(BandTypeNb, 96, {7, 6, 5, 4, 3, 2, 1, 0}, kOctetAlign | kCrc);
          StreamConfig stream =
