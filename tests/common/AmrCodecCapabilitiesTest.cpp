@@ -66,8 +66,9 @@ TEST(AmrCodecCapabilitiesTest, RefusedSettingsKeepTheirValue) {
     EXPECT_TRUE(c == withRates({AmrRate1, AmrRate0, AmrRate8}));
     EXPECT_EQ(AmrRate8, c.getSupportedAmrRate(2));
     EXPECT_EQ(AmrRateNone, c.getSupportedAmrRate(3));
-    EXPECT_TRUE(c.setModeChangePeriod(ModeChangePeriodEveryOtherFrame).isSuccess());
-    EXPECT_TRUE(c.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly).isSuccess());
+    // kChanges sets the other valid value of each.
+    EXPECT_TRUE(c.setModeChangePeriod(ModeChangePeriodAnyFrame).isSuccess());
+    EXPECT_TRUE(c.setModeChangeCapability(ModeChangeCapabilityEveryOtherFrame).isSuccess());
 }
 
 // Every field counts, the order of the rates too, and the stored maximum redundancy even while

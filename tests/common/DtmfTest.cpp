@@ -1,5 +1,6 @@
 #include <velmora/rune/Dtmf.h>
 
+#include "DataText.h"
 #include "ValueChecks.h"
 
 #include <gtest/gtest.h>
@@ -12,13 +13,7 @@ using namespace velmora::rune;
 
 TEST(DtmfCodecConfigTest, DefaultsNarrowBandAndCopies) {
     DtmfCodecConfig config;
-    EXPECT_EQ(
-        "    Codec: DTMF (1)\n"
-        "    BandType: 16kHz (1)\n"
-        "    PayloadType: 99\n"
-        "    PacketTime: 20\n"
-        "    MaxPacketTime: 240\n",
-        config.toString());
+    EXPECT_EQ(velmora::testing::dataText("dtmf-default.txt", "\n"), config.toString());
     EXPECT_EQ("Success", config.check().format());
     EXPECT_TRUE(config.setBandType(BandTypeNb).isSuccess());
     config.setPayloadType(101);
