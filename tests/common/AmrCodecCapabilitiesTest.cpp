@@ -44,11 +44,11 @@ AmrCodecCapabilities withRates(const std::vector<AmrRate>& rates,
 
 }  // namespace
 
-// Unlike a configuration, redundancy is offered by default, up to 220. The other defaults are
-// those of the tool's offers and answers, and each change of kChanges is away from its default.
-TEST(AmrCodecCapabilitiesTest, RedundancyOfferedUpTo220) {
+// The defaults are those of the tool's offers and answers (max-red=220), and each change of
+// kChanges is away from its default. Without redundancy the maximum reads -1, which runesdp
+// writes as max-red=0.
+TEST(AmrCodecCapabilitiesTest, NoRedundancyReadsMinusOne) {
     AmrCodecCapabilities c;
-    EXPECT_EQ(220, c.getMaxSupportedRdcy());
     c.setRdcyModeSupport(false);
     EXPECT_EQ(-1, c.getMaxSupportedRdcy());
 }
