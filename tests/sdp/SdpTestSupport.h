@@ -41,9 +41,7 @@ void expectOthersReadAlike(const std::string& body);
 // The lines, each ended by CRLF.
 inline std::string sdpText(std::initializer_list<const char*> lines) {
     std::string text;
-    for (const char* line : lines) {
-        text.append(line).append("\r\n");
-    }
+    for (const char* line : lines) text.append(line).append("\r\n");
     return text;
 }
 

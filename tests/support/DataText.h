@@ -15,9 +15,7 @@ inline std::string dataText(const std::string& name, const char* lineEnd = "\r\n
     std::ifstream file(RUNE_TEST_DATA + name);
     EXPECT_TRUE(file.is_open()) << name;
     std::string text;
-    for (std::string line; std::getline(file, line);) {
-        text.append(line).append(lineEnd);
-    }
+    for (std::string line; std::getline(file, line);) text.append(line).append(lineEnd);
     return text;
 }
 
