@@ -70,19 +70,13 @@ const BadEndpoint kBadEndpoints[] = {
 const int kOctetAlign = 1, kCrc = 2, kRobustSorting = 4, kInterleaving = 8, kPeriodTwo = 16;
 const int kNeighbor = 32, kEveryOption = 63;
 
-// The rates in order, or every mode of the band when none are given; the options of the mask
-// on; redundancy on when maxRed is not 0.
-inline AmrCodecConfig amrCodec(BandType band, int payloadType, std::vector<int> rates = {},
+// The rates in order; the options of the mask on; redundancy on when maxRed is not 0.
+inline AmrCodecConfig amrCodec(BandType band, int payloadType, std::vector<int> rates,
                                int options = 0, int maxRed = 0) {
     AmrCodecConfig amr;
     EXPECT_TRUE(amr.setBandType(band).isSuccess());
     amr.setPayloadType(payloadType);
-    for (int rate = 0; rates.empty() && rate <= (band == BandTypeNb ? 7 : 8); ++rate) {
-        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
-    }
-    for (int rate : rates) {
-        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
-    }
+    for (int rate : rates) EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
     amr.setOctetAlignMode((options & kOctetAlign) != 0);
     amr.setCrcMode((options & kCrc) != 0);
     amr.setRobustSortingMode((options & kRobustSorting) != 0);
@@ -131,9 +125,8 @@ inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
 inline AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes = {}) {
     AmrCodecCapabilities amr;
     amr.setBandType(band);
-    for (int mode : modes) {
+    for (int mode : modes)
         EXPECT_TRUE(amr.addSupportedAmrRate(static_cast<AmrRate>(mode)).isSuccess());
-    }
     return amr;
 }
 

@@ -18,7 +18,7 @@ const WriteCase kWriteCases[] = {
     // telephone-event for each band; the downlink codecs are listed, not the uplink ones. RR 0
     // alone keeps RTCP on.
     {[] {
-         AmrCodecConfig wide = amrCodec(BandTypeWb, 104);
+         AmrCodecConfig wide = amrCodec(BandTypeWb, 104, {0, 1, 2, 3, 4, 5, 6, 7, 8});
          wide.setDTXMode(false);
          wide.setMaxRdcy(3);
          const AmrCodecConfig narrow = amrCodec(BandTypeNb, 105, {7, 5, 2}, kOctetAlign);
