@@ -44,11 +44,11 @@ AmrCodecCapabilities withRates(const std::vector<AmrRate>& rates,
 
 }  // namespace
 
-// Unlike a configuration, redundancy is offered by default, up to 220. The other defaults are
-// those of the tool's offers and answers, and each change of kChanges is away from its default.
-TEST(AmrCodecCapabilitiesTest, RedundancyOfferedUpTo220) {
+// The defaults are those of the tool's offers and answers (max-red=220), and each change of
+// kChanges is away from its default. Without redundancy the maximum reads -1, which runesdp
+// writes as max-red=0.
+TEST(AmrCodecCapabilitiesTest, NoRedundancyReadsMinusOne) {
     AmrCodecCapabilities c;
-    EXPECT_EQ(220, c.getMaxSupportedRdcy());
     c.setRdcyModeSupport(false);
     EXPECT_EQ(-1, c.getMaxSupportedRdcy());
 }
@@ -66,8 +66,9 @@ TEST(AmrCodecCapabilitiesTest, RefusedSettingsKeepTheirValue) {
     EXPECT_TRUE(c == withRates({AmrRate1, AmrRate0, AmrRate8}));
     EXPECT_EQ(AmrRate8, c.getSupportedAmrRate(2));
     EXPECT_EQ(AmrRateNone, c.getSupportedAmrRate(3));
-    EXPECT_TRUE(c.setModeChangePeriod(ModeChangePeriodEveryOtherFrame).isSuccess());
-    EXPECT_TRUE(c.setModeChangeCapability(ModeChangeCapabilityAnyFrameOnly).isSuccess());
+    // kChanges sets the other valid value of each.
+    EXPECT_TRUE(c.setModeChangePeriod(ModeChangePeriodAnyFrame).isSuccess());
+    EXPECT_TRUE(c.setModeChangeCapability(ModeChangeCapabilityEveryOtherFrame).isSuccess());
 }
 
 // Every field counts, the order of the rates too, and the stored maximum redundancy even while

@@ -7,7 +7,8 @@
 using namespace velmora::rune;
 
 // A refused codec stays the caller's; the list deletes the others (LSan and valgrind watch).
-// StreamConfigTest refuses a repeated payload type and copies lists.
+// StreamConfigTest refuses a repeated payload type and copies lists; its text counts and lists
+// the codecs in order.
 TEST(CodecConfigListTest, AddRefusesNullAndTheSameCodecTwice) {
     StreamConfig::CodecConfigList list;
     AmrCodecConfig* amr = new AmrCodecConfig;
@@ -16,8 +17,5 @@ TEST(CodecConfigListTest, AddRefusesNullAndTheSameCodecTwice) {
     EXPECT_EQ("Invalid Param (Code 1002): Already present", list.add(amr).format());
     DtmfCodecConfig* dtmf = new DtmfCodecConfig;
     ASSERT_TRUE(list.add(dtmf).isSuccess());
-    EXPECT_EQ(2u, list.count());
-    EXPECT_EQ(amr, list.get(0));
-    EXPECT_EQ(dtmf, list.get(1));
     EXPECT_EQ(nullptr, list.get(2));
 }

@@ -1,21 +1,13 @@
-// Uses the libraries through their installed headers: a result, a warning line, a port check,
-// and a remote description read and written back by runesdp.
+// Uses the libraries through their installed headers: a warning line, a port check, and a remote
+// description read and written back by runesdp.
 #include <velmora/rune/Utils.h>
 #include <velmora/rune/sdp/Sdp.h>
 #include <velmora/utilities/Log.h>
-#include <velmora/utilities/Result.h>
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
 namespace {
-
-struct Trait {
-    typedef int ResultCode;
-    static constexpr int SUCCESS = 0;
-    static const char* toText(int) { return "Failed"; }
-};
 
 const char* const kOffer =
     "v=0\r\no=- 1 1 IN IP4 192.0.2.7\r\ns=-\r\nc=IN IP4 192.0.2.7\r\nt=0 0\r\n"
@@ -25,8 +17,6 @@ const char* const kOffer =
 
 int main() {
     using namespace velmora::utilities;
-    result::Result<Trait> result(1);
-    result.mMessage = "port";
     velmora::rune::StreamConfig stream;
     std::vector<velmora::rune::sdp::SkippedFormat> skipped;
     const velmora::rune::sdp::Result read =
@@ -34,7 +24,7 @@ int main() {
     const std::string media = velmora::rune::sdp::writeMediaDescription(stream, "192.0.2.8", 49152);
     GenericLog<TypeList<StdIoLogTrait, detail::TypeNull>>::Stream<details::Level::Warning> log(
         "CLIENT");
-    log << result.format() << " " << velmora::rune::Utils::isValidSocketPort(49150) << "; "
-        << read.format() << " " << media.substr(0, media.find('\r'));
+    log << velmora::rune::Utils::isValidSocketPort(49150) << "; " << read.format() << " "
+        << media.substr(0, media.find('\r'));
     return 0;
 }

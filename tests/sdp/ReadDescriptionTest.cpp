@@ -1,14 +1,13 @@
 #include "SdpTestSupport.h"
 
-#include <functional>
-
 using namespace velmora::testing;
 
 namespace {
 
 struct ReadCase {
     std::string description;
-    std::function<StreamConfig()> expected;
+    // In tests/sdp/data: the text of the stream read.
+    std::string expected;
     std::vector<sdp::SkippedFormat> skipped;
 };
 
@@ -19,23 +18,12 @@ const ReadCase kReadCases[] = {
     // A session border controller, with LF line ends: a session-level b=RR under a media-level
     // b=AS, the media section's c= and direction before the session's; where the media section
     // repeats a line, the first counts; crc alone implies the octet-aligned format.
-    {dataText("sbc-offer.sdp", "\n"),
-     [] {
-         AmrCodecConfig amr = amrCodec(BandTypeNb, 96, {7}, kCrc | kOctetAlign);
-         DtmfCodecConfig dtmf = dtmfCodec(BandTypeNb, 101);
-         setPacketTimes({&amr, &dtmf}, 40, 240);
-         return placedStream("198.51.100.21", 20000, StreamConfig::DirectionSendOnly, {&amr, &dtmf},
-                             RtcpConfig(5000, 2000, 800, 30, false));
-     },
-     {}},
+    {dataText("sbc-offer.sdp", "\n"), "sbc-offer.read.txt", {}},
     // The first audio section is disabled; the one read has formats the model has no codec for,
     // takes the session's multicast address and direction, and what it does not use is not read
     // beyond its syntax.
     {dataText("multicast-offer.sdp"),
-     [] {
-         const AmrCodecConfig amr = amrCodec(BandTypeNb, 100, {}, kRobustSorting | kOctetAlign);
-         return placedStream("224.2.1.1", 49170, StreamConfig::DirectionInactive, {&amr});
-     },
+     "multicast-offer.read.txt",
      {{0, "PCMU/8000"}, {8, ""}, {97, "AMR/8000/2"}, {98, "telephone-event/48000"}, {99, ""}}},
     // Tabs are blanks; interleaving alone implies the octet-aligned format; a repeated parameter
     // takes its last value; RS 0 without RR keeps RTCP on; control bytes of a skipped encoding
@@ -43,23 +31,11 @@ const ReadCase kReadCases[] = {
     {offer({"m=audio 49152 RTP/AVP 97 0", "b=RS:0", "a=rtpmap:\t97\tAMR/8000",
             "a=fmtp:\t97\tmode-set=1\t;\tinterleaving=4;mode-set=2,\t0",
             "a=rtpmap:0 P\tC\x1bMU/8000\x7f"}),
-     [] {
-         const AmrCodecConfig amr = amrCodec(BandTypeNb, 97, {2, 0}, kInterleaving | kOctetAlign);
-         return placedStream("192.0.2.1", 49152, StreamConfig::DirectionFullDuplex, {&amr},
-                             RtcpConfig(5000, 0, 0, 64, false));
-     },
+     "blanks-offer.read.txt",
      {{0, "P\tC\\x1BMU/8000\\x7F"}}},
     // Neither a secure section nor a section without AMR is passed over when reading.
-    {dataText("video-then-audio.sdp"),
-     [] { return placedStream("192.0.2.1", 30008, StreamConfig::DirectionFullDuplex, {}); },
-     {{0, "PCMU/8000"}}},
-    {dataText("savp-then-avp.sdp"),
-     [] {
-         const AmrCodecConfig amr = amrCodec(BandTypeWb, 96, {0, 2, 4}, 0, 100);
-         const DtmfCodecConfig dtmf = dtmfCodec(BandTypeWb, 101);
-         return placedStream("192.0.2.1", 30000, StreamConfig::DirectionFullDuplex, {&amr, &dtmf});
-     },
-     {}},
+    {dataText("video-then-audio.sdp"), "video-then-audio.read.txt", {{0, "PCMU/8000"}}},
+    {dataText("savp-then-avp.sdp"), "chosen-section.negotiated.txt", {}},
 };
 
 // A valid offer of exactly size bytes.
@@ -75,7 +51,7 @@ TEST(ReadDescriptionTest, ReadsDescriptions) {
         StreamConfig stream;
         std::vector<sdp::SkippedFormat> skipped = {{1, "left over"}};
         EXPECT_EQ("Success", sdp::readRemoteDescription(row.description, stream, skipped).format());
-        EXPECT_EQ(row.expected().toString(), stream.toString());
+        EXPECT_EQ(dataText(row.expected, "\n"), stream.toString());
         EXPECT_EQ(row.skipped, skipped);
     }
     StreamConfig stream;
@@ -92,6 +68,12 @@ TEST(ReadDescriptionTest, RefusesWithTheLine) {
     std::vector<Case> rows = dataCases("read-refusals.txt");
     rows.push_back({"Invalid Param (Code 1002): Description must start with v=0", "\r\n\n"});
     rows.push_back({"Invalid Param (Code 1002): Description too long", ofSize(65537)});
+    // A context quotes at most 120 characters of its line, and control bytes but tab as \xHH.
+    const std::string x120(120, 'x'), badLine = "Invalid Param (Code 1002): Bad line {line 6: ";
+    rows.push_back({badLine + x120 + "}", offer({}) + x120 + "\r\n"});
+    rows.push_back({badLine + x120 + "...}", offer({}) + x120 + "y\r\n"});
+    rows.push_back({badLine + "\\x1B[2J\\x1B]0;t\\x07\t\\x7F\\x0D-\\x00-}",
+                    offer({}) + std::string("\x1b[2J\x1b]0;t\a\t\x7f\r-\0-\r\n", 18)});
     for (const Case& row : rows) {
         SCOPED_TRACE(row.text.substr(0, 300));
         StreamConfig stream = before;
@@ -104,24 +86,6 @@ TEST(ReadDescriptionTest, RefusesWithTheLine) {
         EXPECT_EQ(before.toString(), stream.toString());
         EXPECT_EQ((std::vector<sdp::SkippedFormat>{{1, "left over"}}), skipped);
         EXPECT_EQ("left", answer);
-    }
-}
-
-// A context quotes at most 120 characters of its line, and control bytes other than tab as \xHH.
-TEST(ReadDescriptionTest, QuotesTheLineSafely) {
-    const std::string x120(120, 'x');
-    const std::pair<std::string, std::string> kQuotes[] = {
-        {x120, x120},
-        {x120 + "y", x120 + "..."},
-        {std::string("\x1b[2J\x1b]0;t\a\t\x7f\r-\0-", 16),
-         "\\x1B[2J\\x1B]0;t\\x07\t\\x7F\\x0D-\\x00-"},
-    };
-    for (const auto& row : kQuotes) {
-        StreamConfig stream;
-        std::vector<sdp::SkippedFormat> skipped;
-        EXPECT_EQ(
-            "Invalid Param (Code 1002): Bad line {line 6: " + row.second + "}",
-            sdp::readRemoteDescription(offer({}) + row.first + "\r\n", stream, skipped).format());
     }
 }
 

@@ -1,6 +1,5 @@
 #include "SdpTestSupport.h"
 
-#include <fstream>
 #include <sstream>
 
 #ifdef RUNE_SDP_GSTREAMER
@@ -9,16 +8,6 @@
 
 namespace velmora {
 namespace testing {
-
-std::string dataText(const std::string& name, const char* lineEnd) {
-    std::ifstream file(RUNE_SDP_TEST_DATA + name);
-    EXPECT_TRUE(file.is_open()) << name;
-    std::string text;
-    for (std::string line; std::getline(file, line);) {
-        text.append(line).append(lineEnd);
-    }
-    return text;
-}
 
 std::string refusal(const std::string& message, const std::string& text, int number) {
     std::istringstream lines(text);

@@ -8,6 +8,8 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "DataText.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -19,9 +21,6 @@ namespace velmora {
 namespace testing {
 
 using namespace rune;
-
-// tests/sdp/data/name, its lines ended by lineEnd.
-std::string dataText(const std::string& name, const char* lineEnd = "\r\n");
 
 // message, followed by the context of line number of text, as format() writes it.
 std::string refusal(const std::string& message, const std::string& text, int number);
@@ -42,9 +41,7 @@ void expectOthersReadAlike(const std::string& body);
 // The lines, each ended by CRLF.
 inline std::string sdpText(std::initializer_list<const char*> lines) {
     std::string text;
-    for (const char* line : lines) {
-        text.append(line).append("\r\n");
-    }
+    for (const char* line : lines) text.append(line).append("\r\n");
     return text;
 }
 
@@ -73,19 +70,13 @@ const BadEndpoint kBadEndpoints[] = {
 const int kOctetAlign = 1, kCrc = 2, kRobustSorting = 4, kInterleaving = 8, kPeriodTwo = 16;
 const int kNeighbor = 32, kEveryOption = 63;
 
-// The rates in order, or every mode of the band when none are given; the options of the mask
-// on; redundancy on when maxRed is not 0.
-inline AmrCodecConfig amrCodec(BandType band, int payloadType, std::vector<int> rates = {},
+// The rates in order; the options of the mask on; redundancy on when maxRed is not 0.
+inline AmrCodecConfig amrCodec(BandType band, int payloadType, std::vector<int> rates,
                                int options = 0, int maxRed = 0) {
     AmrCodecConfig amr;
     EXPECT_TRUE(amr.setBandType(band).isSuccess());
     amr.setPayloadType(payloadType);
-    for (int rate = 0; rates.empty() && rate <= (band == BandTypeNb ? 7 : 8); ++rate) {
-        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
-    }
-    for (int rate : rates) {
-        EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
-    }
+    for (int rate : rates) EXPECT_TRUE(amr.addAmrRate(static_cast<AmrRate>(rate)).isSuccess());
     amr.setOctetAlignMode((options & kOctetAlign) != 0);
     amr.setCrcMode((options & kCrc) != 0);
     amr.setRobustSortingMode((options & kRobustSorting) != 0);
@@ -103,15 +94,6 @@ inline DtmfCodecConfig dtmfCodec(BandType band, int payloadType) {
     EXPECT_TRUE(dtmf.setBandType(band).isSuccess());
     dtmf.setPayloadType(payloadType);
     return dtmf;
-}
-
-// Both packet times of every codec.
-inline void setPacketTimes(const std::vector<CodecConfig*>& codecs, unsigned int packetTime,
-                           unsigned int maxPacketTime) {
-    for (CodecConfig* codec : codecs) {
-        codec->setPacketTime(packetTime);
-        codec->setMaxPacketTime(maxPacketTime);
-    }
 }
 
 // A stream with the codecs where the reader places them: on each active direction, on the
@@ -143,9 +125,8 @@ inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
 inline AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes = {}) {
     AmrCodecCapabilities amr;
     amr.setBandType(band);
-    for (int mode : modes) {
+    for (int mode : modes)
         EXPECT_TRUE(amr.addSupportedAmrRate(static_cast<AmrRate>(mode)).isSuccess());
-    }
     return amr;
 }
 

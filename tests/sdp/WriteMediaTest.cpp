@@ -18,7 +18,7 @@ const WriteCase kWriteCases[] = {
     // telephone-event for each band; the downlink codecs are listed, not the uplink ones. RR 0
     // alone keeps RTCP on.
     {[] {
-         AmrCodecConfig wide = amrCodec(BandTypeWb, 104);
+         AmrCodecConfig wide = amrCodec(BandTypeWb, 104, {0, 1, 2, 3, 4, 5, 6, 7, 8});
          wide.setDTXMode(false);
          wide.setMaxRdcy(3);
          const AmrCodecConfig narrow = amrCodec(BandTypeNb, 105, {7, 5, 2}, kOctetAlign);
@@ -35,7 +35,8 @@ const WriteCase kWriteCases[] = {
     // the packet times of the first codec; send only, so the uplink codecs are listed.
     {[] {
          AmrCodecConfig wide = amrCodec(BandTypeWb, 98, {8, 2, 0}, kEveryOption, 80);
-         setPacketTimes({&wide}, 40, 120);
+         wide.setPacketTime(40);
+         wide.setMaxPacketTime(120);
          const AmrCodecConfig narrow =
              amrCodec(BandTypeNb, 96, {7, 6, 5, 4, 3, 2, 1, 0}, kOctetAlign | kCrc);
          StreamConfig stream =
