@@ -15,6 +15,9 @@
 // The answerer's side: sdp::answerOffer(offerText, localCaps, "192.0.2.10", 49152, origin,
 // stream, answer). A refusal names the line it comes from in its context:
 // "line 12: a=fmtp:97 mode-set=0,9".
+//
+// Each operation has a source of its own in sdp/src: ReadDescription.cpp, WriteMedia.cpp,
+// AnswerOffer.cpp, CreateOffer.cpp, AcceptAnswer.cpp.
 #ifndef VELMORA_RUNE_SDP_SDP_H
 #define VELMORA_RUNE_SDP_SDP_H
 
