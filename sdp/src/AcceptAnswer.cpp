@@ -4,11 +4,12 @@
 #include <velmora/rune/Dtmf.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "AmrAnswer.h"
-#include "AmrFmtp.h"
-#include "AudioSection.h"
-#include "StreamBuilder.h"
+#include "amr/AmrAnswer.h"
+#include "amr/AmrFmtp.h"
 #include "internal/Results.h"
+#include "read/RemoteAddress.h"
+#include "read/SectionReader.h"
+#include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
 
 namespace velmora {

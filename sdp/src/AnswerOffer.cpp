@@ -3,11 +3,14 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "AmrAnswer.h"
-#include "AudioSection.h"
-#include "LineWriter.h"
-#include "StreamBuilder.h"
+#include "amr/AmrAnswer.h"
+#include "read/RemoteAddress.h"
+#include "read/SectionReader.h"
+#include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
+#include "write/LineWriter.h"
+#include "write/LocalChecks.h"
+#include "write/StreamMedia.h"
 
 #include <algorithm>
 #include <set>

@@ -4,11 +4,12 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "AmrAnswer.h"
-#include "AmrFmtp.h"
-#include "AudioSection.h"
-#include "LineWriter.h"
+#include "amr/AmrAnswer.h"
+#include "amr/AmrFmtp.h"
 #include "internal/Results.h"
+#include "read/SectionReader.h"
+#include "write/LineWriter.h"
+#include "write/LocalChecks.h"
 
 #include <array>
 

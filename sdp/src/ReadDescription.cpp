@@ -2,9 +2,9 @@
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "AmrFmtp.h"
-#include "AudioSection.h"
-#include "StreamBuilder.h"
+#include "amr/AmrFmtp.h"
+#include "read/SectionReader.h"
+#include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
 
 namespace velmora {

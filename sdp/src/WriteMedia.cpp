@@ -1,7 +1,9 @@
 // Writing the local media description of a StreamConfig.
 #include <velmora/rune/sdp/Sdp.h>
 
-#include "LineWriter.h"
+#include "write/LineWriter.h"
+#include "write/LocalChecks.h"
+#include "write/StreamMedia.h"
 
 namespace velmora {
 namespace rune {

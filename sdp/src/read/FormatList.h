@@ -1,42 +1,18 @@
 // The formats of an m= line, in its order. The usual few live inside the list; the formats of a
 // longer line take their room from the heap, once.
-#ifndef VELMORA_RUNE_SDP_SRC_FORMAT_LIST_H
-#define VELMORA_RUNE_SDP_SRC_FORMAT_LIST_H
+#ifndef VELMORA_RUNE_SDP_SRC_READ_FORMAT_LIST_H
+#define VELMORA_RUNE_SDP_SRC_READ_FORMAT_LIST_H
 
-#include <velmora/rune/CodecId.h>
-
-#include "AmrFmtp.h"
-#include "syntax/SdpLine.h"
+#include "read/RemoteFormat.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <new>
-#include <string_view>
 #include <type_traits>
 #include <vector>
 
 namespace velmora {
 namespace rune {
 namespace sdp {
-
-const int kMaxPayloadType = 127;
-
-struct RemoteFormat {
-    enum Kind : uint8_t { Amr, TelephoneEvent, Unsupported };
-
-    int payloadType = 0;
-    Kind kind = Unsupported;
-    // For AMR and telephone-event.
-    BandType band = BandTypeNb;
-    // The a=rtpmap text after the payload type; empty when there is none.
-    std::string_view encoding;
-    // The a=fmtp line, and its text after the payload type; no line when there is none.
-    Line fmtp;
-    std::string_view fmtpText;
-
-    // For AMR: the parameters of the a=fmtp; every default without one.
-    AmrParameters amr;
-};
 
 class FormatList {
   public:
@@ -91,4 +67,4 @@ class FormatList {
 }  // namespace rune
 }  // namespace velmora
 
-#endif  // VELMORA_RUNE_SDP_SRC_FORMAT_LIST_H
+#endif  // VELMORA_RUNE_SDP_SRC_READ_FORMAT_LIST_H

@@ -1,4 +1,6 @@
-#include "StreamBuilder.h"
+#include "stream/StreamBuilder.h"
+
+#include "read/RemoteAddress.h"
 
 namespace velmora {
 namespace rune {

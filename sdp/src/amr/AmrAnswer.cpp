@@ -1,4 +1,4 @@
-#include "AmrAnswer.h"
+#include "amr/AmrAnswer.h"
 
 #include <algorithm>
 
@@ -127,6 +127,34 @@ bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered) {
     return answered.isOctetAligned() == offered.isOctetAligned() && answered.crc == offered.crc &&
            answered.robustSorting == offered.robustSorting &&
            answered.interleaving == offered.interleaving;
+}
+
+AmrFmtpText configuredFmtp(const AmrCodecConfig& amr) {
+    AmrFmtpText fmtp;
+    for (AmrRate rate : amr.getSupportedAmrRates()) {
+        fmtp.modes.add(rate);
+    }
+    if (fmtp.modes.isEveryMode(amr.getBandType())) {
+        fmtp.modes = AmrModes();
+    }
+    const std::string_view on = "1";
+    if (amr.isOctetAlignModeEnabled()) {
+        fmtp.octetAlign = on;
+    }
+    fmtp.modeChangePeriodTwo = amr.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame;
+    fmtp.modeChangeNeighbor = amr.isModeChangeNeighborEnabled();
+    if (amr.isCrcModeEnabled()) {
+        fmtp.crc = on;
+    }
+    if (amr.isRobustSortingModeEnabled()) {
+        fmtp.robustSorting = on;
+    }
+    // The model keeps no group size.
+    if (amr.isInterleavingModeEnabled()) {
+        fmtp.interleaving = on;
+    }
+    fmtp.maxRed = amr.isRdcyModeEnabled() ? static_cast<uint32_t>(amr.getMaxRdcy()) : 0;
+    return fmtp;
 }
 
 }  // namespace sdp

@@ -1,12 +1,14 @@
-#include "SectionScan.h"
+#include "read/SectionReader.h"
 
 #include <velmora/rune/Utils.h>
 
-#include "AmrFmtp.h"
+#include "amr/AmrFmtp.h"
+#include "read/RemoteAddress.h"
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 namespace velmora {
 namespace rune {
@@ -109,6 +111,54 @@ StreamConfig::Result readFormats(RemoteMedia& remote) {
         }
     }
     return successResult();
+}
+
+// Reads the first qualifying section as the syntax check walks the description; remembers the
+// first active audio section, whose refusal explains why none qualifies.
+class ChosenSectionReader final : public LineObserver {
+  public:
+    explicit ChosenSectionReader(RemoteMedia& out) : mScan(out) {}
+
+    void sessionLine(const Line& line, const LineValues& values) override {
+        takeSessionLine(mSession, line, values);
+    }
+    bool mediaLine(const MediaSection& section) override;
+    void sectionLine(const Line& line, const LineValues& values) override {
+        mScan.take(line, values);
+    }
+
+    StreamConfig::Result finish(const Description& description, SectionRule rule,
+                                AddressCheck check, RemoteMedia& out);
+
+  private:
+    SectionScan mScan;
+    SharedLines mSession;
+    bool mChosen = false;
+    std::optional<unsigned> mFirstActive;
+};
+
+bool ChosenSectionReader::mediaLine(const MediaSection& section) {
+    if (!mFirstActive && section.isActiveAudio()) {
+        mFirstActive = section.index;
+    }
+    if (mChosen || !qualifies(section)) {
+        return false;
+    }
+    mChosen = true;
+    mScan.start(section);
+    return mScan.scanning();
+}
+
+StreamConfig::Result ChosenSectionReader::finish(const Description& description, SectionRule rule,
+                                                 AddressCheck check, RemoteMedia& out) {
+    if (mChosen) {
+        return mScan.finish(mSession, rule, check);
+    }
+    MediaSection section;
+    if (mFirstActive && description.section(*mFirstActive, section)) {
+        return readSection(description, section, out, rule, check);
+    }
+    return rule == SectionRule::Required ? noAudioStream() : successResult();
 }
 
 }  // namespace
@@ -286,6 +336,54 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
     mOut.rs = mShared.rs ? mShared.rs : session.rs;
     mOut.rr = mShared.rr ? mShared.rr : session.rr;
     return result;
+}
+
+StreamConfig::Result readSection(const Description& description, const MediaSection& section,
+                                 RemoteMedia& out, SectionRule rule, AddressCheck check) {
+    SectionScan scan(out);
+    scan.start(section);
+    LineCursor lines = section.lines();
+    Line line;
+    while (scan.scanning() && lines.next(line)) {
+        LineValues values;
+        Description::readValues(line, values);
+        scan.take(line, values);
+    }
+    SharedLines session;
+    lines = description.sessionLines();
+    while (lines.next(line)) {
+        LineValues values;
+        Description::readValues(line, values);
+        takeSessionLine(session, line, values);
+    }
+    return scan.finish(session, rule, check);
+}
+
+StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
+                                     SectionRule rule, AddressCheck check) {
+    ChosenSectionReader reader(out);
+    StreamConfig::Result result = Description::parse(text, parsed, &reader);
+    return result.isFailure() ? result : reader.finish(parsed, rule, check, out);
+}
+
+bool findFirstActiveAudio(const Description& description, MediaSection& section) {
+    SectionCursor sections = description.sections();
+    while (sections.next(section)) {
+        if (section.isActiveAudio()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+StreamConfig::Result noAudioStream() {
+    return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                 "No audio stream");
+}
+
+StreamConfig::Result noConnectionAddress(const MediaSection& section) {
+    return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
+                     "No connection address");
 }
 
 }  // namespace sdp

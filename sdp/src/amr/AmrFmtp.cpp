@@ -1,4 +1,4 @@
-#include "AmrFmtp.h"
+#include "amr/AmrFmtp.h"
 
 #include "syntax/SdpLine.h"
 
@@ -63,18 +63,6 @@ AmrCodecConfig everyModeConfig(BandType band) {
         (void)config.addAmrRate(static_cast<AmrRate>(mode));
     }
     return config;
-}
-
-void writeModes(LineWriter& writer, const AmrModes& modes) {
-    for (unsigned i = 0; i < modes.count; ++i) {
-        writer.text(i == 0 ? "" : ",").number(static_cast<uint64_t>(modes.modes[i]));
-    }
-}
-
-void writeValue(LineWriter& writer, const char* name, std::optional<std::string_view> value) {
-    if (value) {
-        writer.text(name).text("=").text(*value).text("; ");
-    }
 }
 
 }  // namespace
@@ -233,31 +221,6 @@ void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandTy
     config.setCrcMode(parameters.crc);
     config.setRobustSortingMode(parameters.robustSorting);
     config.setInterleavingMode(parameters.isInterleaved());
-}
-
-void writeAmrFmtp(LineWriter& writer, int payloadType, const AmrFmtpText& fmtp) {
-    writer.fmtpStart(payloadType);
-    if (fmtp.modeSetText) {
-        writeValue(writer, "mode-set", fmtp.modeSetText);
-    } else if (fmtp.modes.count > 0) {
-        writer.text("mode-set=");
-        writeModes(writer, fmtp.modes);
-        writer.text("; ");
-    }
-    writeValue(writer, "octet-align", fmtp.octetAlign);
-    if (fmtp.modeChangeCapabilityTwo) {
-        writer.text("mode-change-capability=2; ");
-    }
-    if (fmtp.modeChangePeriodTwo) {
-        writer.text("mode-change-period=2; ");
-    }
-    if (fmtp.modeChangeNeighbor) {
-        writer.text("mode-change-neighbor=1; ");
-    }
-    writeValue(writer, "crc", fmtp.crc);
-    writeValue(writer, "robust-sorting", fmtp.robustSorting);
-    writeValue(writer, "interleaving", fmtp.interleaving);
-    writer.text("max-red=").number(fmtp.maxRed).end();
 }
 
 }  // namespace sdp

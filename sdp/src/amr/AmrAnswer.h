@@ -1,12 +1,12 @@
 // RFC 4867 section 8.3.1 for both roles: which offered AMR payload type the answerer may accept,
-// the a=fmtp it answers and the configuration both sides then use; the a=fmtp of an offer; and
-// what the offerer checks in the answer.
-#ifndef VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H
-#define VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H
+// the a=fmtp it answers and the configuration both sides then use; the a=fmtp of an offer and of
+// a configured codec; and what the offerer checks in the answer.
+#ifndef VELMORA_RUNE_SDP_SRC_AMR_AMR_ANSWER_H
+#define VELMORA_RUNE_SDP_SRC_AMR_AMR_ANSWER_H
 
 #include <velmora/rune/Amr.h>
 
-#include "AmrFmtp.h"
+#include "amr/AmrFmtp.h"
 
 namespace velmora {
 namespace rune {
@@ -35,6 +35,10 @@ void negotiateAmr(const AmrFmtpText& answered, const AmrParameters& offered, Ban
 // The a=fmtp of an offered payload type of local, octet-aligned or bandwidth-efficient.
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned);
 
+// The a=fmtp of a configured codec (RFC 4867 section 8.1); max-red is always written, so an AMR
+// format always has its fmtp.
+AmrFmtpText configuredFmtp(const AmrCodecConfig& amr);
+
 // The offerer's check of an answered payload type: the options, the mode-set, when offered, as
 // offered, and mode-change-period=2 only after mode-change-capability=2.
 bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered);
@@ -43,4 +47,4 @@ bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered);
 }  // namespace rune
 }  // namespace velmora
 
-#endif  // VELMORA_RUNE_SDP_SRC_AMR_ANSWER_H
+#endif  // VELMORA_RUNE_SDP_SRC_AMR_AMR_ANSWER_H

@@ -1,7 +1,7 @@
 // The remote address as the model checks it, and its refusals as reading gives them.
 #include <velmora/rune/Utils.h>
 
-#include "AudioSection.h"
+#include "read/RemoteAddress.h"
 #include "syntax/SdpLine.h"
 
 #include <string>

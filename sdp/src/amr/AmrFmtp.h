@@ -1,13 +1,12 @@
 // The AMR payload format parameters of an a=fmtp line (RFC 4867 section 8.1): read as the remote
 // party wrote them, turned into the AmrCodecConfig they describe, and written in the one order
 // that media descriptions, offers and answers share.
-#ifndef VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
-#define VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
+#ifndef VELMORA_RUNE_SDP_SRC_AMR_AMR_FMTP_H
+#define VELMORA_RUNE_SDP_SRC_AMR_AMR_FMTP_H
 
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/StreamConfig.h>
 
-#include "LineWriter.h"
 #include "syntax/SdpLine.h"
 
 #include <array>
@@ -95,10 +94,9 @@ struct AmrFmtpText {
     // Always written.
     uint32_t maxRed = 0;
 };
-void writeAmrFmtp(LineWriter& writer, int payloadType, const AmrFmtpText& fmtp);
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
 
-#endif  // VELMORA_RUNE_SDP_SRC_AMR_FMTP_H
+#endif  // VELMORA_RUNE_SDP_SRC_AMR_AMR_FMTP_H

@@ -1,12 +1,12 @@
 // Builds the stream that reading, answering and accepting give: the remote endpoint, the
 // direction seen from this side, and codecs placed where the directions want them.
-#ifndef VELMORA_RUNE_SDP_SRC_STREAM_BUILDER_H
-#define VELMORA_RUNE_SDP_SRC_STREAM_BUILDER_H
+#ifndef VELMORA_RUNE_SDP_SRC_STREAM_STREAM_BUILDER_H
+#define VELMORA_RUNE_SDP_SRC_STREAM_STREAM_BUILDER_H
 
 #include <velmora/rune/Dtmf.h>
 #include <velmora/rune/StreamConfig.h>
 
-#include "AudioSection.h"
+#include "read/RemoteMedia.h"
 
 #include <optional>
 
@@ -39,4 +39,4 @@ void placeCodec(CodecConfig& codec, std::optional<uint32_t> packetTime,
 }  // namespace rune
 }  // namespace velmora
 
-#endif  // VELMORA_RUNE_SDP_SRC_STREAM_BUILDER_H
+#endif  // VELMORA_RUNE_SDP_SRC_STREAM_STREAM_BUILDER_H

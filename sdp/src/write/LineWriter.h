@@ -1,12 +1,14 @@
 // Writes the lines of a description into one string, each ended by CRLF: whole lines for the
 // session part and the common media lines, and the pieces that the AMR parameters are made of.
-#ifndef VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
-#define VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
+#ifndef VELMORA_RUNE_SDP_SRC_WRITE_LINE_WRITER_H
+#define VELMORA_RUNE_SDP_SRC_WRITE_LINE_WRITER_H
 
 #include <velmora/rune/CodecId.h>
 #include <velmora/rune/Rtp.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+
+#include "amr/AmrFmtp.h"
 
 #include <cstdint>
 #include <string>
@@ -68,20 +70,12 @@ class LineWriter {
 // What a body written for sending starts from: room for a whole answer to a usual offer.
 const size_t kBodyReserve = 1024;
 
-struct AmrFmtpText;
-
-// The media section of stream from its m= line on, as writeMediaDescription describes it; the
-// AMR codecs' a=fmtp from answered when it is given, else from each codec's configuration.
-void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
-                      int localPort, const AmrFmtpText* answered);
-
-// The model's refusal of a local address or port; a port is 1-65535.
-StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPort);
-// 1002 "Bad origin username" for a username that is empty or holds a blank or a control byte.
-StreamConfig::Result checkOrigin(const Origin& origin);
+// The a=fmtp line of an AMR payload type, its parameters in the one order that media
+// descriptions, offers and answers share.
+void writeAmrFmtp(LineWriter& writer, int payloadType, const AmrFmtpText& fmtp);
 
 }  // namespace sdp
 }  // namespace rune
 }  // namespace velmora
 
-#endif  // VELMORA_RUNE_SDP_SRC_LINE_WRITER_H
+#endif  // VELMORA_RUNE_SDP_SRC_WRITE_LINE_WRITER_H

@@ -1,0 +1,66 @@
+#include "write/StreamMedia.h"
+
+#include <velmora/rune/Amr.h>
+
+#include "amr/AmrAnswer.h"
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+// The downlink codecs, or the uplink codecs when there are none.
+struct ListedCodecs {
+    explicit ListedCodecs(const StreamConfig& stream)
+        : stream(stream), downlink(stream.getDownlinkCodecCount() > 0) {}
+
+    unsigned int count() const {
+        return downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount();
+    }
+    const CodecConfig& operator[](unsigned int i) const {
+        return *(downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i));
+    }
+
+    const StreamConfig& stream;
+    const bool downlink;
+};
+
+}  // namespace
+
+void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
+                      int localPort, const AmrFmtpText* answered) {
+    const ListedCodecs codecs(stream);
+    const RtcpConfig& rtcp = stream.getRtcpConfig();
+    const bool rtcpOn = stream.isRtcpEnabled();
+    writer.audioMediaStart(localPort, stream.getRtpProfile());
+    for (unsigned int i = 0; i < codecs.count(); ++i) {
+        writer.text(" ").integer(codecs[i].getPayloadType());
+    }
+    writer.end();
+    writer.connection(localIp);
+    writer.bandwidth("AS", rtcp.getAs());
+    writer.bandwidth("RS", rtcpOn ? rtcp.getRs() : 0);
+    writer.bandwidth("RR", rtcpOn ? rtcp.getRr() : 0);
+    for (unsigned int i = 0; i < codecs.count(); ++i) {
+        const CodecConfig& codec = codecs[i];
+        writer.rtpmap(codec.getPayloadType(), codec.getCodecId(), codec.getBandType());
+        if (codec.getCodecId() == CodecIdAmr) {
+            writeAmrFmtp(writer, codec.getPayloadType(),
+                         answered != nullptr
+                             ? *answered
+                             : configuredFmtp(static_cast<const AmrCodecConfig&>(codec)));
+        }
+    }
+    if (codecs.count() > 0) {
+        writer.packetTimes(codecs[0].getPacketTime(), codecs[0].getMaxPacketTime());
+    }
+    writer.direction(stream.getDirection());
+    if (rtcp.isReducedSizeMode()) {
+        writer.attribute("rtcp-rsize");
+    }
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora

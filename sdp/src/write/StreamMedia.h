@@ -1,0 +1,25 @@
+// The media section of a stream as this side writes it.
+#ifndef VELMORA_RUNE_SDP_SRC_WRITE_STREAM_MEDIA_H
+#define VELMORA_RUNE_SDP_SRC_WRITE_STREAM_MEDIA_H
+
+#include <velmora/rune/StreamConfig.h>
+
+#include "amr/AmrFmtp.h"
+#include "write/LineWriter.h"
+
+#include <string_view>
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+// The media section of stream from its m= line on, as writeMediaDescription describes it; the
+// AMR codecs' a=fmtp from answered when it is given, else from each codec's configuration.
+void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
+                      int localPort, const AmrFmtpText* answered);
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora
+
+#endif  // VELMORA_RUNE_SDP_SRC_WRITE_STREAM_MEDIA_H
