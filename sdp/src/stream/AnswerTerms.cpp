@@ -1,5 +1,7 @@
 #include "stream/AnswerTerms.h"
 
+#include "syntax/SdpLine.h"
+
 #include <algorithm>
 
 namespace velmora {
@@ -16,6 +18,10 @@ PacketTimes answeredPacketTimes(const RemoteMedia& offered, const CodecCapabilit
 }
 
 StreamConfig::Result checkAsStream(const CodecConfig& codec) {
+    // The codec's own check decides; the stream's words its refusal.
+    if (codec.check().isSuccess()) {
+        return successResult();
+    }
     // An inactive stream needs codecs on neither list: only the codec's own check can refuse.
     StreamConfig probe;
     (void)probe.setDirection(StreamConfig::DirectionInactive);
