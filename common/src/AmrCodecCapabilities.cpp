@@ -95,7 +95,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangePeriod(ModeChang
         return makeResult<ResultTrait>(InvalidParam, "Bad mode change period: ", period);
     }
     mModeChangePeriod = period;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(
@@ -104,7 +104,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(
         return makeResult<ResultTrait>(InvalidParam, "Bad mode change capability: ", capability);
     }
     mModeChangeCapability = capability;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 AmrCodecCapabilities::Result AmrCodecCapabilities::addSupportedAmrRate(AmrRate rate) {
@@ -115,7 +115,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::addSupportedAmrRate(AmrRate r
         mSupportedAmrRates.end()) {
         mSupportedAmrRates.push_back(rate);
     }
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 unsigned int AmrCodecCapabilities::getSupportedAmrRateCount() const {

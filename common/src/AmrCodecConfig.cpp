@@ -188,7 +188,7 @@ AmrCodecConfig::Result AmrCodecConfig::check() const {
             return makeResult<ResultTrait>(InvalidConfiguration, "Invalid rate: ", rate);
         }
     }
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 AmrCodecConfig* AmrCodecConfig::clone() const {
@@ -246,7 +246,7 @@ AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
     if (!containAmrRate(rate)) {
         mAmrRates.push_back(rate);
     }
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 unsigned int AmrCodecConfig::getAmrRateCount() const {

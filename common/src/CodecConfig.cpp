@@ -47,11 +47,11 @@ CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
                                        "Bad band type: ", static_cast<int32_t>(bandType));
     }
     mBandType = bandType;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 CodecConfig::Result CodecConfig::check() const {
-    Result result = Result::success();
+    Result result = successResult<ResultTrait>();
     if (mPacketTime == 0) {
         result &=
             makeResult<ResultTrait>(InvalidConfiguration, "Packet time must be greater than 0");

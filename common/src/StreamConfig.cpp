@@ -145,7 +145,7 @@ StreamConfig::Result StreamConfig::setDirection(Direction direction) {
         return makeResult<Trait>(InvalidParam, "Invalid direction : ", direction);
     }
     mDirection = direction;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
@@ -153,7 +153,7 @@ StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
         return makeResult<Trait>(InvalidParam, "Invalid socket port: ", port);
     }
     mRemoteRtpPort = port;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
@@ -161,7 +161,7 @@ StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
         return makeResult<Trait>(InvalidParam, "Invalid internet address : ", address);
     }
     mRemoteIp = address;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 // The clone is not released when the list refuses it (see the header).
@@ -190,7 +190,8 @@ StreamConfig::Result StreamConfig::check() const {
 }
 
 StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& codecs) {
-    for (unsigned int index = 0; index < codecs.count(); ++index) {
+    const unsigned int count = codecs.count();
+    for (unsigned int index = 0; index < count; ++index) {
         const CodecConfig* config = codecs.get(index);
         VELMORA_ASSERT(config != NULL, "Codec is null");  // NOLINT(modernize-use-nullptr)
         const CodecConfig::Result codecResult = config->check();
@@ -201,7 +202,7 @@ StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& codecs) {
             return result;
         }
     }
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 std::string StreamConfig::toString() const {

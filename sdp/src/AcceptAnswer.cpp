@@ -7,7 +7,6 @@
 #include "amr/AmrAnswer.h"
 #include "amr/AmrFmtp.h"
 #include "internal/Results.h"
-#include "read/RemoteAddress.h"
 #include "read/SectionReader.h"
 #include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
@@ -69,17 +68,12 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
 StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
                                  const Description& answer, RemoteMedia& answered, Choice& choice) {
     if (!offer.hasSameMediaTypes(answer)) {
-        return afterAddress(
-            answered, makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
-                                                            "Answer does not match the offer"));
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
+                                                     "Answer does not match the offer");
     }
     StreamConfig::Result result = successResult();
     MediaSection section = answered.section;
     if (!section.mediaLine.exists() || section.index != offered.section.index) {
-        result = afterAddress(answered, result);
-        if (result.isFailure()) {
-            return result;
-        }
         answer.section(offered.section.index, section);
         if (section.port == 0) {
             return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration,
@@ -90,20 +84,15 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
         result = noConnectionAddress(section);
     }
     if (result.isSuccess() && !choose(offered, answered, choice)) {
-        return afterAddress(
-            answered,
-            refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec"));
+        return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec");
     }
     return result;
 }
 
 // RTCP bandwidths the offer's, as reading takes them; reduced size only when both listed it.
-StreamConfig::Result negotiate(const RemoteMedia& offered, const RemoteMedia& answered,
-                               const Choice& choice, StreamConfig& stream) {
-    StreamConfig::Result result = startStream(answered, stream);
-    if (result.isFailure()) {
-        return result;
-    }
+void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Choice& choice,
+               StreamConfig& stream) {
+    startStream(answered, stream);
     setReadRtcp(offered, stream);
     RtcpConfig rtcp = stream.getRtcpConfig();
     rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);
@@ -114,40 +103,39 @@ StreamConfig::Result negotiate(const RemoteMedia& offered, const RemoteMedia& an
         answered.maxPacketTime ? answered.maxPacketTime : offered.maxPacketTime;
     for (const RemoteFormat& format : answered) {
         if (&format == choice.amr) {
-            // The answered mode-set, else the offered one, else every mode of the band.
-            const AmrModes& modes =
-                choice.answered->modeSetText ? choice.answered->modes : choice.offered->modes;
             AmrCodecConfig amr;
-            configureAmr(*choice.answered, modes, format.band, format.payloadType, amr);
+            configureAmr(*choice.answered,
+                         agreedModes(choice.answered->modes, choice.offered->modes), format.band,
+                         format.payloadType, amr);
             placeCodec(amr, packetTime, maxPacketTime, stream);
         } else if (&format == choice.events) {
             DtmfCodecConfig dtmf = telephoneEvent(format);
             placeCodec(dtmf, packetTime, maxPacketTime, stream);
         }
     }
-    return result;
 }
 
 }  // namespace
 
 Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
+    // Each refusal names the text it comes from.
     Description offerParsed;
     RemoteMedia offered;
-    Result result =
-        readDescription(offer, offerParsed, offered, SectionRule::Required, AddressCheck::Now);
+    Result result = readDescription(offer, offerParsed, offered, SectionRule::Required);
+    if (result.isFailure()) {
+        return inText("offer", std::move(result));
+    }
     Description answerParsed;
     RemoteMedia answered;
-    if (result.isSuccess()) {
-        result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater,
-                                 AddressCheck::ByBuilder);
-    }
+    result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater);
     Choice choice;
     if (result.isSuccess()) {
         result = checkAnswer(offerParsed, offered, answerParsed, answered, choice);
     }
-    if (result.isSuccess()) {
-        result = negotiate(offered, answered, choice, negotiated);
+    if (result.isFailure()) {
+        return inText("answer", std::move(result));
     }
+    negotiate(offered, answered, choice, negotiated);
     return result;
 }
 

@@ -4,15 +4,14 @@
 #include <velmora/rune/sdp/Sdp.h>
 
 #include "amr/AmrAnswer.h"
-#include "read/RemoteAddress.h"
 #include "read/SectionReader.h"
+#include "stream/AnswerTerms.h"
 #include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
 #include "write/LineWriter.h"
 #include "write/LocalChecks.h"
 #include "write/StreamMedia.h"
 
-#include <algorithm>
 #include <set>
 
 namespace velmora {
@@ -107,11 +106,6 @@ StreamConfig::Result chooseSection(const Description& offer, const StreamCapabil
     if (result.isSuccess()) {
         return result;
     }
-    // A bad address is a bad value, which comes before the profile and the codecs.
-    result = afterAddress(remote, successResult());
-    if (result.isFailure()) {
-        return result;
-    }
     const unsigned tried = remote.section.index;
     SectionCursor sections = offer.sections();
     MediaSection section;
@@ -141,52 +135,33 @@ RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remo
     return rtcp;
 }
 
-// The kept formats in the offer's m= order, at the agreed packet times. Only the model's refusal
-// of the address, which leaves stream as it was, can refuse.
+// The kept formats in the offer's m= order, at the agreed packet times. Only the stream's check
+// can refuse, before stream changes.
 StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabilities& local,
                                const Choice& choice, StreamConfig& stream) {
-    StreamConfig::Result result = startStream(remote, stream);
+    const PacketTimes times = answeredPacketTimes(remote, *choice.amrCaps);
+    AmrCodecConfig amr;
+    negotiateAmr(choice.fmtp, choice.amr->amr, choice.amr->band, choice.amr->payloadType, amr);
+    amr.setPacketTime(times.packetTime);
+    amr.setMaxPacketTime(times.maxPacketTime);
+    StreamConfig::Result result = checkAsStream(amr);
     if (result.isFailure()) {
         return result;
     }
+    startStream(remote, stream);
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
     stream.setRtcp(rtcp.getRs() != 0 || rtcp.getRr() != 0);
-    const uint32_t packetTime = remote.packetTime.value_or(choice.amrCaps->getPacketTime());
-    const uint32_t maxPacketTime =
-        std::min(remote.maxPacketTime.value_or(choice.amrCaps->getMaxPacketTime()),
-                 choice.amrCaps->getMaxPacketTime());
     for (const RemoteFormat& format : remote) {
         if (&format == choice.amr) {
-            AmrCodecConfig amr;
-            negotiateAmr(choice.fmtp, choice.amr->amr, format.band, format.payloadType, amr);
-            placeCodec(amr, packetTime, maxPacketTime, stream);
+            placeCodec(amr, times.packetTime, times.maxPacketTime, stream);
         } else if (&format == choice.events) {
             DtmfCodecConfig dtmf = telephoneEvent(format);
-            placeCodec(dtmf, packetTime, maxPacketTime, stream);
+            placeCodec(dtmf, times.packetTime, times.maxPacketTime, stream);
         }
     }
     return result;
-}
-
-// The offer's t= when it reads as two numbers; else, and without one, "0 0".
-std::string_view timing(const Description& offer) {
-    LineCursor lines = offer.sessionLines();
-    Line line;
-    while (lines.next(line)) {
-        if (line.type() != 't') {
-            continue;
-        }
-        std::string_view value = line.value();
-        uint64_t unused;
-        if (parseDecimal(nextField(value), UINT64_MAX, unused) &&
-            parseDecimal(nextField(value), UINT64_MAX, unused) && trim(value).empty()) {
-            return line.value();
-        }
-        break;
-    }
-    return "0 0";
 }
 
 // One m= line per offered one: the chosen section answered, every other one rejected with its
@@ -195,7 +170,7 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
                  const StreamConfig& stream, const std::string& localIp, int localPort,
                  const Origin& origin, std::string& text) {
     LineWriter writer(text);
-    writer.sessionPart(origin, localIp, timing(offer));
+    writer.sessionPart(origin, localIp, &offer);
     SectionCursor sections = offer.sections();
     MediaSection section;
     while (sections.next(section)) {
@@ -225,8 +200,7 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
     Description parsed;
     RemoteMedia remote;
     if (result.isSuccess()) {
-        result =
-            readDescription(offer, parsed, remote, SectionRule::Required, AddressCheck::ByBuilder);
+        result = readDescription(offer, parsed, remote, SectionRule::Required);
     }
     Choice choice;
     if (result.isSuccess()) {

@@ -83,7 +83,7 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
                 const std::string& localIp, int localPort, const Origin& origin,
                 std::string& text) {
     LineWriter writer(text);
-    writer.sessionPart(origin, localIp, "0 0");
+    writer.sessionPart(origin, localIp, nullptr);
     writer.audioMediaStart(localPort, supportsAvp(local) ? RtpProfileAvp : RtpProfileAvpf);
     for (const OfferedFormat& format : formats) {
         writer.text(" ").integer(format.payloadType);

@@ -4,6 +4,7 @@
 
 #include "amr/AmrFmtp.h"
 #include "read/SectionReader.h"
+#include "read/StaticPayloadTypes.h"
 #include "stream/StreamBuilder.h"
 #include "syntax/Printable.h"
 #include "syntax/SessionDescription.h"
@@ -16,16 +17,12 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
                              std::vector<SkippedFormat>& skipped) {
     Description parsed;
     RemoteMedia remote;
-    Result result = readDescription(description, parsed, remote, SectionRule::Required,
-                                    AddressCheck::ByBuilder);
-    if (result.isSuccess()) {
-        // The last refusal there can be: the model's of the address, before anything changes.
-        result = startStream(remote, stream);
-    }
+    Result result = readDescription(description, parsed, remote, SectionRule::Required);
     if (result.isFailure()) {
         return result;
     }
     // Nothing below refuses: the stream is built in place.
+    startStream(remote, stream);
     setReadRtcp(remote, stream);
     skipped.clear();
     AmrCodecConfig amr;
@@ -38,7 +35,9 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
             placeCodec(dtmf, remote.packetTime, remote.maxPacketTime, stream);
         } else {
             SkippedFormat left{format.payloadType, std::string()};
-            appendQuoted(left.encoding, format.encoding);
+            appendQuoted(left.encoding, format.encoding.data() != nullptr
+                                            ? format.encoding
+                                            : staticEncoding(format.payloadType));
             skipped.push_back(std::move(left));
         }
     }

@@ -17,11 +17,11 @@ TEST(AcceptAnswerTest, AcceptsAnswersThatKeepTheOffer) {
     }
 }
 
-// A refusal leaves the negotiated stream as it was; a fault in the offer names the offer's line.
+// A refusal leaves the negotiated stream as it was and names the text of its line.
 TEST(AcceptAnswerTest, RefusesAnswersThatChangeTheOffer) {
     StreamConfig before;
     ASSERT_TRUE(before.setRemoteRtpPort(50000).isSuccess());
-    const std::vector<Case> rows = dataCases("accept-refusals.txt");
+    const std::vector<Case> rows = dataCases("accept-refusals.txt", "answer ");
     for (const Case& row : rows) {
         SCOPED_TRACE(row.text);
         StreamConfig negotiated = before;
@@ -29,8 +29,9 @@ TEST(AcceptAnswerTest, RefusesAnswersThatChangeTheOffer) {
         EXPECT_EQ(before.toString(), negotiated.toString());
     }
     const std::string badOffer = kOffer + "b=AS:x\r\n";
-    EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad bandwidth value: AS:x", badOffer, 23),
-              sdp::acceptAnswer(badOffer, rows[0].text, before).format());
+    EXPECT_EQ(
+        refusal("Invalid Param (Code 1002): Bad bandwidth value: AS:x", badOffer, 23, "offer "),
+        sdp::acceptAnswer(badOffer, rows[0].text, before).format());
 }
 
 // Both sides of one call: the answerer's stream, seen from the offerer's side with the

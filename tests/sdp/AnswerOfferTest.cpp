@@ -16,7 +16,8 @@ struct AnswerCase {
     sdp::Origin origin = {"-", 1, 2};
 };
 
-// The CLI's answer-volte-offer and answer-avpf-offer pin the default capabilities' answers.
+// The default capabilities' answers are pinned by the CLI's tests/tools/cli/answer-volte-offer.out
+// and answer-avpf-offer.out.
 const AnswerCase kAnswers[] = {
     // crc, interleaving and robust sorting offered to a side without them, the
     // bandwidth-efficient format to one that needs the octet-aligned: the first acceptable
@@ -70,6 +71,11 @@ const AnswerCase kAnswers[] = {
     {"savp-then-avp", anyAmr, "chosen-section.negotiated.txt"},
     {"video-then-audio", anyAmr, "chosen-section.negotiated.txt"},
     {"audio-text-application", anyAmr, "chosen-section.negotiated.txt"},
+    // Packet times: the offer's max packet time below this side's lowers this side's packet
+    // time; an offered packet time above this side's max is lowered to it. Every offered t= line
+    // is answered; a mode-set is answered as its modes, each once, ascending.
+    {"short-packets-offer", anyAmr, "short-packets-offer.negotiated.txt"},
+    {"long-packets-offer", anyAmr, "long-packets-offer.negotiated.txt"},
 };
 
 TEST(AnswerOfferTest, AnswersOffers) {
@@ -83,6 +89,38 @@ TEST(AnswerOfferTest, AnswersOffers) {
         EXPECT_EQ(dataText(row.name + ".answer.sdp"), answer);
         expectOthersReadAlike(answer);
         EXPECT_EQ(dataText(row.negotiated, "\n"), negotiated.toString());
+    }
+}
+
+// However the offer spells what it offers, the answer says what was agreed: each offer is
+// answered as its plainly written twin, short-packets-offer.sdp, is.
+TEST(AnswerOfferTest, AnswersWhatWasAgreed) {
+    const std::string plain = dataText("short-packets-offer.sdp");
+    const auto spelled = [&](const std::string& from, const std::string& to) {
+        std::string text = plain;
+        return text.replace(text.find(from), from.size(), to);
+    };
+    std::string huge = "mode-set=2";
+    for (int i = 0; i < 20000; ++i) huge += ",0";
+    const std::string kTwins[] = {
+        spelled("mode-set=0,2", "mode-set=0 , 2"),
+        spelled("mode-set=0,2", "mode-set=2,0,2,00"),
+        spelled("mode-set=0,2", huge),
+        spelled("t=3034423619 3034427219\r\nt=0 0", "t=03034423619\t 3034427219 \r\nt=00 0"),
+    };
+    StreamConfig expected;
+    std::string expectedAnswer;
+    ASSERT_TRUE(sdp::answerOffer(plain, anyAmr(), "192.0.2.10", 49152, {}, expected, expectedAnswer)
+                    .isSuccess());
+    for (const std::string& offer : kTwins) {
+        SCOPED_TRACE(offer.substr(0, 200));
+        StreamConfig negotiated;
+        std::string answer;
+        EXPECT_EQ("Success",
+                  sdp::answerOffer(offer, anyAmr(), "192.0.2.10", 49152, {}, negotiated, answer)
+                      .format());
+        EXPECT_EQ(expectedAnswer, answer);
+        EXPECT_EQ(expected.toString(), negotiated.toString());
     }
 }
 
@@ -107,6 +145,33 @@ TEST(AnswerOfferTest, RefusesWithTheFirstAudioSection) {
                       .format());
         EXPECT_EQ("left", answer);
     }
+    for (const sdp::Origin& origin : kBadOrigins) {
+        StreamConfig negotiated;
+        std::string answer = "left";
+        EXPECT_EQ(kBadOrigin, sdp::answerOffer(dataText("gateway-offer.sdp"), anyAmr(),
+                                               "192.0.2.10", 49152, origin, negotiated, answer)
+                                  .format());
+        EXPECT_EQ("left", answer);
+    }
+}
+
+// No answer is written for a stream that fails its own check: here this side's packet times
+// are 0.
+TEST(AnswerOfferTest, RefusesAStreamThatFailsItsCheck) {
+    AmrCodecCapabilities narrow = amrCaps(BandTypeNb);
+    narrow.setPacketTime(0);
+    narrow.setMaxPacketTime(0);
+    StreamConfig negotiated;
+    std::string answer = "left";
+    EXPECT_EQ(
+        "Invalid Configuration (Code 1003): {Invalid Configuration (Code 1003): Packet time "
+        "must be greater than 0 && Invalid Configuration (Code 1003): Max packet time must "
+        "be greater than 0}",
+        sdp::answerOffer(dataText("long-packets-offer.sdp"), phoneCaps(narrow, narrow),
+                         "192.0.2.10", 49152, sdp::Origin(), negotiated, answer)
+            .format());
+    EXPECT_EQ(StreamConfig().toString(), negotiated.toString());
+    EXPECT_EQ("left", answer);
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ TEST(CreateOfferTest, OffersTheCapabilities) {
 }
 
 // A refusal leaves the offer as it was.
-TEST(CreateOfferTest, RefusesWithoutAmrOrEndpoint) {
+TEST(CreateOfferTest, RefusesWithoutAmrEndpointOrOrigin) {
     StreamCapabilities eventsOnly;
     eventsOnly.addCodecCapabilities(DtmfCodecCapabilities());
     const char* const kNoCodec = "Invalid Configuration (Code 1003): No codec to offer";
@@ -67,6 +67,12 @@ TEST(CreateOfferTest, RefusesWithoutAmrOrEndpoint) {
         EXPECT_EQ(row.second.refusal,
                   sdp::createOffer(row.first, row.second.ip, row.second.port, sdp::Origin(), offer)
                       .format());
+        EXPECT_EQ("left", offer);
+    }
+    for (const sdp::Origin& origin : kBadOrigins) {
+        std::string offer = "left";
+        EXPECT_EQ(kBadOrigin,
+                  sdp::createOffer(anyAmr(), "192.0.2.10", 49152, origin, offer).format());
         EXPECT_EQ("left", offer);
     }
 }

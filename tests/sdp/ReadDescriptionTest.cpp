@@ -11,9 +11,9 @@ struct ReadCase {
     std::vector<sdp::SkippedFormat> skipped;
 };
 
-// Not repeated here: what the CLI's volte-offer pins (session-level c=, both AMR formats of each
-// band, telephone-event at both rates), what the writer's round trips pin (every option as
-// written, RTCP off), and the blanks and case of the answer test's AVPF offer.
+// Not repeated here: what tests/tools/cli/volte-offer.out pins (session-level c=, both AMR
+// formats of each band, telephone-event at both rates), what WriteMediaTest's round trips pin
+// (every option as written, RTCP off), and the blanks and case of AnswerOfferTest's avpf-offer.
 const ReadCase kReadCases[] = {
     // A session border controller, with LF line ends: a session-level b=RR under a media-level
     // b=AS, the media section's c= and direction before the session's; where the media section
@@ -24,7 +24,11 @@ const ReadCase kReadCases[] = {
     // beyond its syntax.
     {dataText("multicast-offer.sdp"),
      "multicast-offer.read.txt",
-     {{0, "PCMU/8000"}, {8, ""}, {97, "AMR/8000/2"}, {98, "telephone-event/48000"}, {99, ""}}},
+     {{0, "PCMU/8000"},
+      {8, "PCMA/8000"},
+      {97, "AMR/8000/2"},
+      {98, "telephone-event/48000"},
+      {99, ""}}},
     // Tabs are blanks; interleaving alone implies the octet-aligned format; a repeated parameter
     // takes its last value; RS 0 without RR keeps RTCP on; control bytes of a skipped encoding
     // are quoted, tabs are not.
@@ -45,6 +49,22 @@ std::string ofSize(size_t size) {
     return text + "\r\n";
 }
 
+// A stream that every field and list of differs from a default one.
+StreamConfig usedStream() {
+    const AmrCodecConfig amr = amrCodec(BandTypeNb, 97, {7}, kEveryOption, 40);
+    const DtmfCodecConfig dtmf = dtmfCodec(BandTypeWb, 101);
+    StreamConfig stream = placedStream("2001:db8::7", 20000, StreamConfig::DirectionInactive,
+                                       {&amr, &dtmf}, RtcpConfig(2500, 0, 600, 49, true));
+    EXPECT_TRUE(stream.addUplinkCodec(amr).isSuccess());
+    stream.muteUplink(true);
+    stream.setRtcp(false);
+    stream.setHoldState(true);
+    stream.setRtpProfile(RtpProfileAvpf);
+    stream.setPdpContext({5, 6});
+    return stream;
+}
+
+// Read into a stream that was used before, a description gives what it gives a new one.
 TEST(ReadDescriptionTest, ReadsDescriptions) {
     for (const ReadCase& row : kReadCases) {
         SCOPED_TRACE(&row - kReadCases);
@@ -53,6 +73,9 @@ TEST(ReadDescriptionTest, ReadsDescriptions) {
         EXPECT_EQ("Success", sdp::readRemoteDescription(row.description, stream, skipped).format());
         EXPECT_EQ(dataText(row.expected, "\n"), stream.toString());
         EXPECT_EQ(row.skipped, skipped);
+        StreamConfig used = usedStream();
+        EXPECT_EQ("Success", sdp::readRemoteDescription(row.description, used, skipped).format());
+        EXPECT_EQ(stream.toString(), used.toString());
     }
     StreamConfig stream;
     std::vector<sdp::SkippedFormat> skipped;

@@ -22,8 +22,10 @@ namespace testing {
 
 using namespace rune;
 
-// message, followed by the context of line number of text, as format() writes it.
-std::string refusal(const std::string& message, const std::string& text, int number);
+// message, followed by the context of line number of text, as format() writes it; textName
+// ("offer ", "answer ") names the text where an operation reads two.
+std::string refusal(const std::string& message, const std::string& text, int number,
+                    const std::string& textName = "");
 
 struct Case {
     // The result's format().
@@ -31,8 +33,9 @@ struct Case {
     std::string text;
 };
 
-// The cases of tests/sdp/data/name (the form is described in read-refusals.txt there).
-std::vector<Case> dataCases(const std::string& name);
+// The cases of tests/sdp/data/name (the form is described in read-refusals.txt there); textName
+// as refusal() takes it.
+std::vector<Case> dataCases(const std::string& name, const std::string& textName = "");
 
 // GStreamer reads body (a whole description, or a media section after a session header) as the
 // same fields, in the same order. Does nothing on builds without GStreamer.
@@ -64,7 +67,13 @@ const BadEndpoint kBadEndpoints[] = {
     {"192.0.2.10", -5, "Invalid Param (Code 1002): Invalid socket port: -5"},
     {"192.0.2.10", 0, "Invalid Param (Code 1002): Invalid socket port: 0"},
     {"192.0.2.10", 65536, "Invalid Param (Code 1002): Invalid socket port: 65536"},
+    {"192.0.2.10", 1023, "Invalid Param (Code 1002): Invalid socket port: 1023"},
 };
+
+// Origins whose username cannot be written (empty, with a blank or a control byte), and their
+// refusal.
+const sdp::Origin kBadOrigins[] = {{"", 1, 1}, {"a b", 1, 1}, {"a\tb", 1, 1}, {"a\x7f", 1, 1}};
+const char* const kBadOrigin = "Invalid Param (Code 1002): Bad origin username";
 
 // The AMR options an AmrCodecConfig may have on, besides redundancy.
 const int kOctetAlign = 1, kCrc = 2, kRobustSorting = 4, kInterleaving = 8, kPeriodTwo = 16;

@@ -61,8 +61,8 @@ bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParam
     if (local.getBandType() != band) {
         return false;
     }
-    const unsigned listed = offered.modeSetText ? listedModes(local) : 0;
-    for (unsigned i = 0; offered.modeSetText && i < offered.modes.count; ++i) {
+    const unsigned listed = offered.modes.count > 0 ? listedModes(local) : 0;
+    for (unsigned i = 0; i < offered.modes.count; ++i) {
         if (!supportsMode(listed, band, offered.modes.modes[i])) {
             return false;
         }
@@ -76,10 +76,8 @@ bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParam
 AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
                        const AmrParameters& offered) {
     AmrFmtpText fmtp;
-    fmtp.modeSetText = offered.modeSetText;
-    if (!offered.modeSetText) {
-        fmtp.modes = advertisedModes(local, band);
-    }
+    // What is agreed, not how the offer spells it.
+    fmtp.modes = offered.modes.count > 0 ? offered.modes.ascending() : advertisedModes(local, band);
     fmtp.octetAlign = offered.octetAlignText;
     fmtp.modeChangeCapabilityTwo =
         local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
@@ -97,9 +95,11 @@ void negotiateAmr(const AmrFmtpText& answered, const AmrParameters& offered, Ban
                   int payloadType, AmrCodecConfig& config) {
     AmrParameters agreed = offered;
     agreed.maxRed = answered.maxRed;
-    // No modes answered stand for every mode of the band.
-    configureAmr(agreed, answered.modeSetText ? offered.modes : answered.modes, band, payloadType,
-                 config);
+    configureAmr(agreed, agreedModes(answered.modes, offered.modes), band, payloadType, config);
+}
+
+const AmrModes& agreedModes(const AmrModes& answered, const AmrModes& offered) {
+    return answered.count > 0 ? answered : offered;
 }
 
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned) {
@@ -117,7 +117,8 @@ AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned) {
 }
 
 bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered) {
-    if (offered.modeSetText && !(answered.modeSetText && answered.modes == offered.modes)) {
+    // The same modes, in any order.
+    if (offered.modes.count > 0 && answered.modes.listed != offered.modes.listed) {
         return false;
     }
     if (answered.modeChangePeriod == kEveryOtherFrame &&

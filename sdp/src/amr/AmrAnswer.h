@@ -20,17 +20,20 @@ AmrModes advertisedModes(const AmrCodecCapabilities& local, BandType band);
 // where the offer uses them, and does not require octet-align of a bandwidth-efficient offer.
 bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParameters& offered);
 
-// For an accepted format: octet-align, crc, robust-sorting, interleaving and mode-set as
-// offered (mode-set, when not offered, from the local modes of the band); what local adds about
-// mode changes; max-red no larger than either side's. Unknown parameters are dropped.
+// For an accepted format: octet-align, crc, robust-sorting and interleaving as offered; the
+// offered modes, ascending, else the local modes of the band; what local adds about mode changes;
+// max-red no larger than either side's. Unknown parameters are dropped.
 AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
                        const AmrParameters& offered);
 
 // The configuration of an accepted format at the default packet times: the offer's options and
-// mode changes, the rates of the answer (answered, as answerFmtp gives it; every mode of the
-// band when it lists none) and the answered max-red, as reading takes it.
+// mode changes, the agreed modes and the answered max-red, as reading takes it.
 void negotiateAmr(const AmrFmtpText& answered, const AmrParameters& offered, BandType band,
                   int payloadType, AmrCodecConfig& config);
+
+// The modes both sides use: the answered mode-set, else the offered one; none stands for every
+// mode of the band.
+const AmrModes& agreedModes(const AmrModes& answered, const AmrModes& offered);
 
 // The a=fmtp of an offered payload type of local, octet-aligned or bandwidth-efficient.
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned);
@@ -39,8 +42,8 @@ AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned);
 // format always has its fmtp.
 AmrFmtpText configuredFmtp(const AmrCodecConfig& amr);
 
-// The offerer's check of an answered payload type: the options, the mode-set, when offered, as
-// offered, and mode-change-period=2 only after mode-change-capability=2.
+// The offerer's check of an answered payload type: the options, the mode-set, when offered, with
+// the offered modes, and mode-change-period=2 only after mode-change-capability=2.
 bool keepsOffer(const AmrParameters& offered, const AmrParameters& answered);
 
 }  // namespace sdp

@@ -78,16 +78,14 @@ void AmrModes::add(AmrRate mode) {
     }
 }
 
-bool AmrModes::operator==(const AmrModes& other) const {
-    if (count != other.count) {
-        return false;
-    }
-    for (unsigned i = 0; i < count; ++i) {
-        if (modes[i] != other.modes[i]) {
-            return false;
+AmrModes AmrModes::ascending() const {
+    AmrModes sorted;
+    for (int mode = AmrRate0; mode <= AmrRate8; ++mode) {
+        if (contains(static_cast<AmrRate>(mode))) {
+            sorted.add(static_cast<AmrRate>(mode));
         }
     }
-    return true;
+    return sorted;
 }
 
 bool AmrModes::isEveryMode(BandType band) const {
@@ -129,7 +127,6 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
                     if (result.isFailure()) {
                         return result;
                     }
-                    out.modeSetText = value;
                     out.modes = modes;
                 }
                 break;

@@ -33,15 +33,16 @@ struct AmrModes {
     }
     // Nothing when mode is listed already.
     void add(AmrRate mode);
-    bool operator==(const AmrModes& other) const;
+    // The same modes, each once, ascending.
+    AmrModes ascending() const;
     // Every mode of band, ascending: what a missing mode-set means.
     bool isEveryMode(BandType band) const;
 };
 
 // Where a parameter is repeated, the last one counts, for reading and answering alike.
 struct AmrParameters {
-    // The mode-set as written; its modes in the order written.
-    std::optional<std::string_view> modeSetText;
+    // The modes of the mode-set in the order written; none without a mode-set, since a mode-set
+    // lists one at least.
     AmrModes modes;
     // The values as written, for an answer to return unmodified; absent when not written.
     std::optional<std::string_view> octetAlignText;
@@ -81,8 +82,7 @@ void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandTy
 
 // An a=fmtp line this side writes, each parameter left out where it says so.
 struct AmrFmtpText {
-    // Written as is when present; else the modes, left out when empty.
-    std::optional<std::string_view> modeSetText;
+    // The mode-set, in the order of the list; left out when empty.
     AmrModes modes;
     std::optional<std::string_view> octetAlign;
     bool modeChangeCapabilityTwo = false;

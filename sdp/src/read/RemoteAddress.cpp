@@ -31,32 +31,18 @@ bool isDomainName(std::string_view address) {
 
 }  // namespace
 
-// The model's check, once.
-StreamConfig::Result checkAddress(RemoteMedia& remote) {
-    const std::string address(remote.address);
-    if (Utils::isValidIpAddress(address)) {
-        remote.addressChecked = true;
+StreamConfig::Result checkAddress(RemoteMedia& remote, std::string_view address) {
+    remote.address.assign(address);
+    if (Utils::isValidIpAddress(remote.address)) {
         return successResult();
     }
-    StreamConfig probe;
-    return addressRefusal(remote, probe.setRemoteIp(address));
-}
-
-StreamConfig::Result afterAddress(RemoteMedia& remote, StreamConfig::Result later) {
-    if (remote.addressChecked || !remote.connection.exists()) {
-        return later;
-    }
-    StreamConfig::Result address = checkAddress(remote);
-    return address.isFailure() ? address : later;
-}
-
-StreamConfig::Result addressRefusal(const RemoteMedia& remote, StreamConfig::Result result) {
-    if (isDomainName(remote.address)) {
+    if (isDomainName(address)) {
         return refusalAt(remote.connection, StreamConfig::InvalidConfiguration,
                          "Connection address is a domain name");
     }
     // The model's own words.
-    return atLine(remote.connection, std::move(result));
+    StreamConfig probe;
+    return atLine(remote.connection, probe.setRemoteIp(remote.address));
 }
 
 }  // namespace sdp

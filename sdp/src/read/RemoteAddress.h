@@ -6,19 +6,16 @@
 
 #include "read/RemoteMedia.h"
 
+#include <string_view>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
 
-// The model's check of remote's address, whose refusal is given as reading gives it.
-StreamConfig::Result checkAddress(RemoteMedia& remote);
-
-// The address refusal of remote when it has one and was not checked yet, else later: for a
-// refusal that comes after the address.
-StreamConfig::Result afterAddress(RemoteMedia& remote, StreamConfig::Result later);
-
-// The refusal of an address that the model's setter refused with result.
-StreamConfig::Result addressRefusal(const RemoteMedia& remote, StreamConfig::Result result);
+// Makes address, of remote's connection line, remote's address when the model's check passes
+// it; else its refusal as reading gives it: a domain name is refused as one, any other address
+// in the model's words.
+StreamConfig::Result checkAddress(RemoteMedia& remote, std::string_view address);
 
 }  // namespace sdp
 }  // namespace rune

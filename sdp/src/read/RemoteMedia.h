@@ -25,11 +25,8 @@ struct RemoteMedia {
     int port = 0;
     // The c= line that gives the address; none when the description has none for the section.
     Line connection;
-    // Of the connection line, without a "/ttl" or "/count" suffix; see addressChecked.
-    std::string_view address;
-    // Whether the model's address check passed it; reading may leave it to the model's setter
-    // that builds the stream.
-    bool addressChecked = false;
+    // Of the connection line, without a "/ttl" or "/count" suffix, as the model's check passed it.
+    std::string address;
     RtpProfile profile = RtpProfileAvp;
     // As the sender declares it: its a=sendonly is DirectionSendOnly.
     StreamConfig::Direction direction = StreamConfig::DirectionFullDuplex;

@@ -127,8 +127,7 @@ class ChosenSectionReader final : public LineObserver {
         mScan.take(line, values);
     }
 
-    StreamConfig::Result finish(const Description& description, SectionRule rule,
-                                AddressCheck check, RemoteMedia& out);
+    StreamConfig::Result finish(const Description& description, SectionRule rule, RemoteMedia& out);
 
   private:
     SectionScan mScan;
@@ -150,13 +149,13 @@ bool ChosenSectionReader::mediaLine(const MediaSection& section) {
 }
 
 StreamConfig::Result ChosenSectionReader::finish(const Description& description, SectionRule rule,
-                                                 AddressCheck check, RemoteMedia& out) {
+                                                 RemoteMedia& out) {
     if (mChosen) {
-        return mScan.finish(mSession, rule, check);
+        return mScan.finish(mSession, rule);
     }
     MediaSection section;
     if (mFirstActive && description.section(*mFirstActive, section)) {
-        return readSection(description, section, out, rule, check);
+        return readSection(description, section, out, rule);
     }
     return rule == SectionRule::Required ? noAudioStream() : successResult();
 }
@@ -216,8 +215,7 @@ void takeSessionLine(SharedLines& session, const Line& line, const LineValues& v
 void SectionScan::start(const MediaSection& section) {
     mOut.section = section;
     mOut.connection = Line();
-    mOut.address = std::string_view();
-    mOut.addressChecked = false;
+    mOut.address.clear();
     mOut.formats.reset(0);
     mOut.reducedSize = false;
     mOut.packetTime.reset();
@@ -271,7 +269,9 @@ void SectionScan::takeAttribute(const Line& line) {
                 std::optional<uint32_t>& target =
                     name.size() == 5 ? mOut.packetTime : mOut.maxPacketTime;
                 uint64_t milliseconds;
-                if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds)) {
+                // No packet can last 0 ms.
+                if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds) ||
+                    milliseconds == 0) {
                     if (!mBadPacketTime.exists()) {
                         mBadPacketTime = line;
                         mBadPacketTimeValue = value;
@@ -293,8 +293,7 @@ void SectionScan::takeAttribute(const Line& line) {
     }
 }
 
-StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule,
-                                         AddressCheck check) {
+StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule) {
     const MediaSection& section = mOut.section;
     if (!Utils::isValidSocketPort(section.port)) {
         StreamConfig probe;
@@ -311,24 +310,22 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
     }
     const SharedLines& connection = mShared.connection.exists() ? mShared : session;
     mOut.connection = connection.connection;
-    mOut.address = connection.address;
     if (!mOut.connection.exists() && rule == SectionRule::Required) {
         return noConnectionAddress(section);
     }
-    if (mOut.connection.exists() && check == AddressCheck::Now) {
-        StreamConfig::Result address = checkAddress(mOut);
+    if (mOut.connection.exists()) {
+        StreamConfig::Result address = checkAddress(mOut, connection.address);
         if (address.isFailure()) {
             return address;
         }
     }
     StreamConfig::Result result = readFormats(mOut);
-    if (result.isSuccess() && mBadPacketTime.exists()) {
-        result = refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
-                           "Bad packet time: ", mBadPacketTimeValue);
-    }
     if (result.isFailure()) {
-        // An address left to the builder still comes first.
-        return afterAddress(mOut, std::move(result));
+        return result;
+    }
+    if (mBadPacketTime.exists()) {
+        return refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
+                         "Bad packet time: ", mBadPacketTimeValue);
     }
     mOut.direction =
         mShared.direction.value_or(session.direction.value_or(StreamConfig::DirectionFullDuplex));
@@ -339,7 +336,7 @@ StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule
 }
 
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out, SectionRule rule, AddressCheck check) {
+                                 RemoteMedia& out, SectionRule rule) {
     SectionScan scan(out);
     scan.start(section);
     LineCursor lines = section.lines();
@@ -356,14 +353,14 @@ StreamConfig::Result readSection(const Description& description, const MediaSect
         Description::readValues(line, values);
         takeSessionLine(session, line, values);
     }
-    return scan.finish(session, rule, check);
+    return scan.finish(session, rule);
 }
 
 StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
-                                     SectionRule rule, AddressCheck check) {
+                                     SectionRule rule) {
     ChosenSectionReader reader(out);
     StreamConfig::Result result = Description::parse(text, parsed, &reader);
-    return result.isFailure() ? result : reader.finish(parsed, rule, check, out);
+    return result.isFailure() ? result : reader.finish(parsed, rule, out);
 }
 
 bool findFirstActiveAudio(const Description& description, MediaSection& section) {

@@ -23,22 +23,16 @@ namespace sdp {
 // address after).
 enum class SectionRule { Required, CheckedLater };
 
-// Whether reading checks the address at its place in the order, or leaves it to the model's
-// setter when the stream is built (checking it first only when a later refusal comes up), so
-// that the model checks it once.
-enum class AddressCheck { Now, ByBuilder };
-
 // Reads section, refusing in this order: port, transport, payload types, address, the AMR
-// formats' fmtp values in m= order, then a=ptime and a=maxptime in line order.
+// formats' fmtp values in m= order, then a=ptime and a=maxptime (a number above 0) in line order.
 StreamConfig::Result readSection(const Description& description, const MediaSection& section,
-                                 RemoteMedia& out, SectionRule rule = SectionRule::Required,
-                                 AddressCheck check = AddressCheck::Now);
+                                 RemoteMedia& out, SectionRule rule = SectionRule::Required);
 
 // Parses text and, in the same walk, reads its first section that qualifies; when none does,
 // refuses as the first active audio section would be refused, and "No audio stream" when there
 // is none. With CheckedLater, no audio section leaves out's section without an m= line.
 StreamConfig::Result readDescription(std::string_view text, Description& parsed, RemoteMedia& out,
-                                     SectionRule rule, AddressCheck check);
+                                     SectionRule rule);
 
 // 1003 "No connection address", context the section's m= line.
 StreamConfig::Result noConnectionAddress(const MediaSection& section);
@@ -78,7 +72,7 @@ class SectionScan {
     bool scanning() const { return mPayloadTypes.isSuccess(); }
     void take(const Line& line, const LineValues& values);
     // Session-level lines fill in per kind what the section does not say.
-    StreamConfig::Result finish(const SharedLines& session, SectionRule rule, AddressCheck check);
+    StreamConfig::Result finish(const SharedLines& session, SectionRule rule);
 
   private:
     void takeAttribute(const Line& line);
@@ -87,7 +81,7 @@ class SectionScan {
     std::array<uint8_t, kMaxPayloadType + 1> mIndex{};
     StreamConfig::Result mPayloadTypes = successResult();
     SharedLines mShared;
-    // The first a=ptime or a=maxptime whose value is not a number.
+    // The first a=ptime or a=maxptime whose value is not a number above 0.
     Line mBadPacketTime;
     std::string_view mBadPacketTimeValue;
 };

@@ -1,7 +1,5 @@
 #include "stream/StreamBuilder.h"
 
-#include "read/RemoteAddress.h"
-
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -17,12 +15,9 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction) {
     }
 }
 
-StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream) {
-    // The model's setter checks the address, once, and refuses before it changes anything.
-    StreamConfig::Result result = stream.setRemoteIp(std::string(remote.address));
-    if (result.isFailure()) {
-        return addressRefusal(remote, std::move(result));
-    }
+void startStream(const RemoteMedia& remote, StreamConfig& stream) {
+    // The reader checked the address and the port with the model's own checks.
+    (void)stream.setRemoteIp(remote.address);
     // Every other field back to its default in place: a copy of a default stream would copy
     // its strings and lists.
     stream.muteUplink(StreamConfig::DEFAULT_MUTED);
@@ -32,11 +27,9 @@ StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream
     stream.clearDownlinkCodecs();
     stream.setHoldState(StreamConfig::DEFAULT_IS_HELD);
     stream.setPdpContext(StreamConfig::PdpContext());
-    // The reader checked the port with the model's own check.
     (void)stream.setRemoteRtpPort(remote.port);
     (void)stream.setDirection(mirror(remote.direction));
     stream.setRtpProfile(remote.profile);
-    return result;
 }
 
 void setReadRtcp(const RemoteMedia& remote, StreamConfig& stream) {

@@ -18,9 +18,8 @@ namespace sdp {
 StreamConfig::Direction mirror(StreamConfig::Direction direction);
 
 // Makes stream, in place, a default StreamConfig with the remote endpoint and profile of remote
-// and the direction it declares, mirrored. The model's setter checks the address first: its
-// refusal, as reading gives it, is the result, and stream is left as it was.
-StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream);
+// (read, so checked) and the direction it declares, mirrored.
+void startStream(const RemoteMedia& remote, StreamConfig& stream);
 
 // RFC 3556 bandwidths as read: a value not given keeps its default; RS and RR both given and
 // both 0 turn RTCP off.

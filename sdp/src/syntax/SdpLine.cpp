@@ -15,6 +15,13 @@ StreamConfig::Result atLine(const Line& line, StreamConfig::Result result) {
     return result;
 }
 
+StreamConfig::Result inText(const char* name, StreamConfig::Result result) {
+    if (!result.mContext.empty()) {
+        result.mContext.insert(0, std::string(name) + " ");
+    }
+    return result;
+}
+
 StreamConfig::Result atLine(const Line& line, const CodecConfig::Result& result) {
     static_assert(static_cast<int>(CodecConfig::InvalidParam) ==
                           static_cast<int>(StreamConfig::InvalidParam) &&

@@ -113,16 +113,16 @@ inline bool parseDecimal(std::string_view text, uint64_t max, uint64_t& value) {
     if (text.empty()) {
         return false;
     }
+    // A digit more is allowed while the number stays at most max: no step can overflow.
+    const uint64_t lastRoom = max / 10;
+    const uint64_t lastDigit = max % 10;
     uint64_t number = 0;
     for (char c : text) {
-        if (c < '0' || c > '9') {
+        const auto digit = static_cast<uint64_t>(c - '0');
+        if (c < '0' || c > '9' || number > lastRoom || (number == lastRoom && digit > lastDigit)) {
             return false;
         }
-        number = number * 10 + static_cast<uint64_t>(c - '0');
-        // Stopping here keeps the sum far from overflow whatever the length of the text.
-        if (number > max) {
-            return false;
-        }
+        number = number * 10 + digit;
     }
     value = number;
     return true;
@@ -187,6 +187,10 @@ inline StreamConfig::Result successResult() {
 // A refusal whose context is the line; its message and the line quoted.
 StreamConfig::Result atLine(const Line& line, StreamConfig::Result result);
 StreamConfig::Result atLine(const Line& line, const CodecConfig::Result& result);
+
+// result with its context, when it has one, said to be in the text called name: "offer line 12:
+// ..." where a text of its own says "line 12: ...".
+StreamConfig::Result inText(const char* name, StreamConfig::Result result);
 
 // A refusal whose message is the pieces streamed one after the other, in the line's context.
 template <typename... Pieces>

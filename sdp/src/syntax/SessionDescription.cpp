@@ -30,6 +30,19 @@ StreamConfig::Result badLine(const Line& line, const char* message) {
     return refusalAt(line, StreamConfig::InvalidParam, message);
 }
 
+// The refusal of a c=, b= or t= line whose form is wrong.
+StreamConfig::Result badValues(const Line& line) {
+    switch (line.type()) {
+        case 'c':
+            return badLine(line, "Bad connection line");
+        case 'b':
+            return refusalAt(line, StreamConfig::InvalidParam,
+                             "Bad bandwidth value: ", line.value());
+        default:
+            return badLine(line, "Bad timing line");
+    }
+}
+
 }  // namespace
 
 StreamConfig::Result Description::parse(std::string_view text, Description& out,
@@ -76,9 +89,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
             continue;
         }
         if (!readValues(line, values)) {
-            return line.type() == 'c' ? badLine(line, "Bad connection line")
-                                      : refusalAt(line, StreamConfig::InvalidParam,
-                                                  "Bad bandwidth value: ", line.value());
+            return badValues(line);
         }
         if (observer == nullptr) {
             continue;
@@ -189,6 +200,12 @@ bool Description::parseConnection(std::string_view value, std::string_view& addr
     }
     address = field.substr(0, field.find('/'));
     return !address.empty();
+}
+
+bool Description::parseTiming(std::string_view value, uint64_t& start, uint64_t& stop) {
+    return parseDecimal(nextField(value), std::numeric_limits<uint64_t>::max(), start) &&
+           parseDecimal(nextField(value), std::numeric_limits<uint64_t>::max(), stop) &&
+           trim(value).empty();
 }
 
 bool Description::parseBandwidth(std::string_view value, std::string_view& modifier,

@@ -1,5 +1,5 @@
 // A session description split into its session part and its media sections, with the syntax
-// of every line checked: x=value, and the forms of m=, c= and b=. Nothing is copied: the views
+// of every line checked: x=value, and the forms of m=, c=, b= and t=. Nothing is copied: the views
 // point into the text that was parsed, which must outlive the description, and the sections are
 // found again by scanning, so that reading costs no memory per line.
 #ifndef VELMORA_RUNE_SDP_SRC_SYNTAX_SESSION_DESCRIPTION_H
@@ -56,13 +56,16 @@ class SectionCursor {
     unsigned mIndex = 0;
 };
 
-// The values of a c= or b= line, read once by the syntax check.
+// The values of a c=, b= or t= line, read once by the syntax check.
 struct LineValues {
     // c=: without a "/ttl" or "/count" suffix.
     std::string_view address;
     // b=
     std::string_view modifier;
     uint32_t bandwidth = 0;
+    // t=
+    uint64_t start = 0;
+    uint64_t stop = 0;
 };
 
 // Sees the lines as the syntax check reads them, so that a reader needs no second walk. Lines
@@ -97,13 +100,15 @@ class Description {
     // The same number of m= lines, of the same media types in the same order.
     bool hasSameMediaTypes(const Description& other) const;
 
-    // The values of a c= or b= line; false when its form is wrong. Other lines have none.
+    // The values of a c=, b= or t= line; false when its form is wrong. Other lines have none.
     static bool readValues(const Line& line, LineValues& values) {
         switch (line.type()) {
             case 'c':
                 return parseConnection(line.value(), values.address);
             case 'b':
                 return parseBandwidth(line.value(), values.modifier, values.bandwidth);
+            case 't':
+                return parseTiming(line.value(), values.start, values.stop);
             default:
                 return true;
         }
@@ -113,6 +118,8 @@ class Description {
     // A b= value "modifier:number".
     static bool parseBandwidth(std::string_view value, std::string_view& modifier,
                                uint32_t& bandwidth);
+    // A t= value: two decimal numbers, the start and stop times.
+    static bool parseTiming(std::string_view value, uint64_t& start, uint64_t& stop);
     // The name and value of an a= line: "rtpmap" and "97 AMR/8000" for "a=rtpmap:97 AMR/8000".
     static void splitAttribute(const Line& line, std::string_view& name, std::string_view& value) {
         const std::string_view text = line.value();

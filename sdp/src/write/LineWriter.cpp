@@ -70,13 +70,26 @@ void LineWriter::end() {
 }
 
 void LineWriter::sessionPart(const Origin& origin, std::string_view address,
-                             std::string_view timing) {
+                             const Description* times) {
     text("v=0\r\no=").text(origin.username).text(" ").number(origin.sessionId).text(" ");
     number(origin.sessionVersion).text(isIpV6(address) ? " IN IP6 " : " IN IP4 ").text(address);
     end();
     text("s=-\r\n");
     connection(address);
-    text("t=").text(timing).end();
+    bool timed = false;
+    LineCursor lines = times != nullptr ? times->sessionLines() : LineCursor({}, 1);
+    Line line;
+    while (lines.next(line)) {
+        LineValues values;
+        // The description was parsed: its t= lines read.
+        if (line.type() == 't' && Description::readValues(line, values)) {
+            text("t=").number(values.start).text(" ").number(values.stop).end();
+            timed = true;
+        }
+    }
+    if (!timed) {
+        text("t=0 0\r\n");
+    }
 }
 
 void LineWriter::audioMediaStart(int port, RtpProfile profile) {
@@ -139,9 +152,7 @@ void LineWriter::direction(StreamConfig::Direction direction) {
 
 void writeAmrFmtp(LineWriter& writer, int payloadType, const AmrFmtpText& fmtp) {
     writer.fmtpStart(payloadType);
-    if (fmtp.modeSetText) {
-        writeValue(writer, "mode-set", fmtp.modeSetText);
-    } else if (fmtp.modes.count > 0) {
+    if (fmtp.modes.count > 0) {
         writer.text("mode-set=");
         writeModes(writer, fmtp.modes);
         writer.text("; ");

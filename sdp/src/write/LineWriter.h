@@ -9,6 +9,7 @@
 #include <velmora/rune/sdp/Sdp.h>
 
 #include "amr/AmrFmtp.h"
+#include "syntax/SessionDescription.h"
 
 #include <cstdint>
 #include <string>
@@ -42,8 +43,9 @@ class LineWriter {
     // CRLF.
     void end();
 
-    // v=0, o=, s=-, c= and t= of a body sent from address; timing is the value of t=.
-    void sessionPart(const Origin& origin, std::string_view address, std::string_view timing);
+    // v=0, o=, s=-, c= and t= of a body sent from address: the t= lines of times, each as
+    // t=<start> <stop>; t=0 0 without times or when it has none.
+    void sessionPart(const Origin& origin, std::string_view address, const Description* times);
     // "m=audio <port> <profile>", without the formats and the line end: RTP/AVPF, else RTP/AVP.
     void audioMediaStart(int port, RtpProfile profile);
     // IP6 when address holds a colon, else IP4.

@@ -9,21 +9,15 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
-namespace {
-
-const int kMaxPort = 65535;
-
-}  // namespace
-
 StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPort) {
-    const bool goodAddress = Utils::isValidIpAddress(localIp);
-    if (goodAddress && localPort >= 1 && localPort <= kMaxPort) {
+    // Checked as the model checks a remote end, so that our own reader accepts what we write.
+    if (Utils::isValidIpAddress(localIp) && Utils::isValidSocketPort(localPort)) {
         return successResult();
     }
-    // The model's words; it refuses privileged ports for remote ends, not for this one.
-    // The caller's own values, not network input: the message stays unquoted.
+    // The model's words. The caller's own values, not network input: the message stays unquoted.
     StreamConfig probe;
-    return goodAddress ? probe.setRemoteRtpPort(localPort) : probe.setRemoteIp(localIp);
+    StreamConfig::Result result = probe.setRemoteIp(localIp);
+    return result.isFailure() ? result : probe.setRemoteRtpPort(localPort);
 }
 
 StreamConfig::Result checkOrigin(const Origin& origin) {

@@ -11,7 +11,8 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
-// The model's refusal of a local address or port; a port is 1-65535.
+// The model's refusal of a local address or port, as it refuses a remote one: a port is
+// 1024-65535.
 StreamConfig::Result checkLocalEndpoint(const std::string& localIp, int localPort);
 // 1002 "Bad origin username" for a username that is empty or holds a blank or a control byte.
 StreamConfig::Result checkOrigin(const Origin& origin);

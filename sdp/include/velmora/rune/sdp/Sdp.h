@@ -14,7 +14,8 @@
 //
 // The answerer's side: sdp::answerOffer(offerText, localCaps, "192.0.2.10", 49152, origin,
 // stream, answer). A refusal names the line it comes from in its context:
-// "line 12: a=fmtp:97 mode-set=0,9".
+// "line 12: a=fmtp:97 mode-set=0,9" ("offer line 12: ..." or "answer line 3: ..." where an
+// operation reads two texts).
 //
 // Each operation has a source of its own in sdp/src: ReadDescription.cpp, WriteMedia.cpp,
 // AnswerOffer.cpp, CreateOffer.cpp, AcceptAnswer.cpp.
@@ -42,7 +43,8 @@ typedef StreamConfig::Result Result;
 struct SkippedFormat {
     // RTP payload type, as the m= line lists it.
     int payloadType;
-    // What the a=rtpmap gives after the payload type ("PCMU/8000"); empty when there is none.
+    // What the a=rtpmap gives after the payload type ("PCMU/8000"); without one, the encoding of
+    // a static payload type of RFC 3551 ("PCMA/8000" for 8), else empty.
     std::string encoding;
 
     bool operator==(const SkippedFormat& other) const {
@@ -71,9 +73,11 @@ struct Origin {
 // when there is none, refuses as the first audio section with a port other than 0 is refused
 // ("No audio stream" without one). Lines may end in CRLF or LF. A c= address with the syntax of a
 // domain name is refused with 1003 "Connection address is a domain name", for call control to
-// resolve it and read again. On success, stream becomes the stream read (built from a default
-// StreamConfig) and skipped lists the formats left out, in m= order; on a refusal both are left
-// as they were. The stream is not checked: call stream.check() before using it.
+// resolve it and read again. A t= line that is not two decimal numbers is refused with 1002
+// "Bad timing line", an a=ptime or a=maxptime that is not a number above 0 with 1002
+// "Bad packet time: " and its value. On success, stream becomes the stream read (built from a
+// default StreamConfig) and skipped lists the formats left out, in m= order; on a refusal both are
+// left as they were. The stream is not checked: call stream.check() before using it.
 Result readRemoteDescription(const std::string& description, StreamConfig& stream,
                              std::vector<SkippedFormat>& skipped);
 
@@ -83,24 +87,29 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
 // "c=IN IP6" when it holds a colon, else as "c=IN IP4". Profiles other than RTP/AVPF are written
 // as RTP/AVP. A stream without codecs gives an m= line without formats, which no reader accepts.
 // An empty string when localIp is not an address the model accepts (StreamConfig::setRemoteIp)
-// or localPort is not 1-65535, so that nothing the caller passes can add a line.
+// or localPort is not a port it accepts (1024-65535), so that nothing the caller passes can add
+// a line and our own reader accepts what is written.
 std::string writeMediaDescription(const StreamConfig& stream, const std::string& localIp,
                                   int localPort);
 
 // Answers an offer (RFC 3264; RFC 4867 section 8.3.1 for AMR) from the local capabilities.
-// The answer is a whole body: v=0, o= from origin and localIp, s=-, c=, the offer's t= (t=0 0
-// when it has none), then one m= line per offered m= line, in order. The audio sections that
-// qualify for reading are tried in order; the first whose profile local supports and that has an
-// AMR payload type a local AmrCodecCapabilities accepts is answered, as writeMediaDescription
-// writes it, and every other section is rejected as "m=<type> 0 <proto> <formats>".
-// Refusals: the model's refusals of localIp and of a localPort outside 1-65535, 1002 "Bad origin
-// username" for an empty username or one with a blank or control byte, those of
-// readRemoteDescription (a tried section's own refusal is the result), and, when no section can
-// be answered, the first audio section's: "Unsupported profile" or "No common codec".
+// The answer is a whole body: v=0, o= from origin and localIp, s=-, c=, the offer's t= lines,
+// each as t=<start> <stop> (t=0 0 when it has none), then one m= line per offered m= line, in
+// order. The audio sections that qualify for reading are tried in order; the first whose profile
+// local supports and that has an AMR payload type a local AmrCodecCapabilities accepts is
+// answered, as writeMediaDescription writes it, and every other section is rejected as
+// "m=<type> 0 <proto> <formats>". The answer says what was agreed: a mode-set as its modes, each
+// once, ascending; a=maxptime the lower of the offer's and local's, a=ptime the offer's (else
+// local's) lowered to it.
+// Refusals: the model's refusals of localIp and of a localPort outside 1024-65535, 1002 "Bad
+// origin username" for an empty username or one with a blank or control byte, those of
+// readRemoteDescription (a tried section's own refusal is the result), when no section can be
+// answered, the first audio section's: "Unsupported profile" or "No common codec", and the
+// negotiated stream's check() when it fails: no body is written that its own stream refuses.
 //
 // On success, negotiated becomes the stream both sides agreed on (the offer's endpoint, the
-// direction mirrored, local RTCP values) and answer the whole answer body. On a refusal both are
-// left as they were. negotiated is not checked: call negotiated.check() before using it.
+// direction mirrored, local RTCP values, the answer's packet times and modes) and answer the whole
+// answer body. On a refusal both are left as they were.
 Result answerOffer(const std::string& offer, const StreamCapabilities& local,
                    const std::string& localIp, int localPort, const Origin& origin,
                    StreamConfig& negotiated, std::string& answer);
@@ -111,18 +120,20 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
 // it requires octet-align), then a telephone-event per DTMF capability with a=fmtp:<pt> 0-15,
 // from payload type 96 up (capabilities beyond 127 are left out); packet times of the first AMR
 // capability, RTCP from getRTCPcaps(), a=sendrecv. Refusals: the model's refusals of localIp and
-// of a localPort outside 1-65535, "Bad origin username" as answerOffer gives it, and 1003
+// of a localPort outside 1024-65535, "Bad origin username" as answerOffer gives it, and 1003
 // "No codec to offer" without an AmrCodecCapabilities. On a refusal offer is left as it was.
 Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
                    const Origin& origin, std::string& offer);
 
 // Reads the answer to an offer this side sent (both as text) into the stream both sides agreed
 // on, or refuses it, in this order: each text as readRemoteDescription refuses it (the offer's
-// chosen section read whole, the answer's line syntax), 1003 "Answer does not match the offer"
+// chosen section read whole, the answer's line syntax), the context naming the text ("offer line
+// 12: ..." or "answer line 3: ..."), 1003 "Answer does not match the offer"
 // when the m= lines differ in number or media type, "Stream rejected" when the answer's section
 // at the place of the offer's chosen one has port 0, that section's own refusals as reading gives
 // them, and "No common codec" when no answered AMR payload type keeps what RFC 4867 forbids an
-// answerer to change (octet-align, crc, robust-sorting, interleaving, an offered mode-set;
+// answerer to change (octet-align, crc, robust-sorting, interleaving, the modes of an offered
+// mode-set, in any order;
 // mode-change-period=2 only after mode-change-capability=2). The stream: the answer's endpoint,
 // profile and direction mirrored, its first usable AMR payload type and the telephone-event of
 // that clock rate, packet times the answer's else the offer's, RTCP bandwidths the offer's,
