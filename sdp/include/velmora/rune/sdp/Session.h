@@ -115,11 +115,13 @@ class Session {
     const Preconditions& preconditions() const;
 
   private:
+    // Hidden: the library's own steps, not part of its interface.
     // Gives body the o= line of the dialog, its version counted, and keeps it as the last sent.
-    void send(std::string& body);
+    __attribute__((visibility("hidden"))) void send(std::string& body);
     // The exchange of offer and answer is agreed on stream.
-    void agree(const std::string& offer, const std::string& answer, Role role,
-               const StreamConfig& stream);
+    __attribute__((visibility("hidden"))) void agree(const std::string& offer,
+                                                     const std::string& answer, Role role,
+                                                     const StreamConfig& stream);
     bool hasAgreed() const { return !mAgreedOffer.empty(); }
 
     StreamCapabilities mLocal;
