@@ -15,6 +15,21 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction) {
     }
 }
 
+StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::Direction allowed) {
+    // The values are the bits send (1) and receive (2).
+    static_assert(StreamConfig::DirectionSendOnly == 1 && StreamConfig::DirectionReceiveOnly == 2 &&
+                      StreamConfig::DirectionFullDuplex == 3,
+                  "directions are bit sets");
+    return static_cast<StreamConfig::Direction>(direction & allowed);
+}
+
+void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction) {
+    (void)stream.setDirection(direction);
+    const std::string address = stream.getRemoteIp();
+    stream.setHoldState(direction != StreamConfig::DirectionFullDuplex || address == "0.0.0.0" ||
+                        address == "::");
+}
+
 void startStream(const RemoteMedia& remote, StreamConfig& stream) {
     // The reader checked the address and the port with the model's own checks.
     (void)stream.setRemoteIp(remote.address);
@@ -25,10 +40,9 @@ void startStream(const RemoteMedia& remote, StreamConfig& stream) {
     stream.setRtcpConfig(RtcpConfig());
     stream.clearUplinkCodecs();
     stream.clearDownlinkCodecs();
-    stream.setHoldState(StreamConfig::DEFAULT_IS_HELD);
     stream.setPdpContext(StreamConfig::PdpContext());
     (void)stream.setRemoteRtpPort(remote.port);
-    (void)stream.setDirection(mirror(remote.direction));
+    setDirectionAndHold(stream, mirror(remote.direction));
     stream.setRtpProfile(remote.profile);
 }
 
