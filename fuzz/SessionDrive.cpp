@@ -49,7 +49,11 @@ uint64_t version(const std::string& body) {
     const size_t line = body.find("\r\no=");
     REQUIRE(line != std::string::npos);
     const char* fields = body.c_str() + line + 4;
-    for (int skipped = 0; skipped < 2; ++skipped) fields = std::strchr(fields, ' ') + 1;
+    for (int skipped = 0; skipped < 2; ++skipped) {
+        fields = std::strchr(fields, ' ');
+        REQUIRE(fields != nullptr);
+        ++fields;
+    }
     return std::strtoull(fields, nullptr, 10);
 }
 
