@@ -1,11 +1,13 @@
 // What the SDP operations cost on a VoLTE offer (examples/volte-offer.sdp) with the local
-// capabilities of rune-sdp: time and heap allocations per call, counted by the operator new of
+// capabilities of rune-sdp, and what a dialog's re-offers cost after it: time and heap
+// allocations per call, counted by the operator new of
 // AllocationCounter.cpp and reported as the counter "allocs". Each call starts from fresh output
 // objects, as a caller's does. A benchmark with a budget fails the program when it allocates more
 // per call; ctest runs it that way (SdpAllocationBudgets), scripts/bench.sh for the figures.
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include <benchmark/benchmark.h>
 
@@ -129,6 +131,51 @@ void BM_AcceptAnswer(benchmark::State& state) {
     scope.report(state, kCallBudget);
 }
 BENCHMARK(BM_AcceptAnswer);
+
+// A dialog that answered the VoLTE offer.
+bool answered(benchmark::State& state, sdp::Session& session) {
+    StreamConfig stream;
+    std::string answer;
+    return succeeds(state, session.answerOffer(volteOffer(), stream, answer));
+}
+
+// This side holds the call; each re-offer is cancelled so that the next one is a re-offer too.
+void BM_HoldReOffer(benchmark::State& state) {
+    sdp::Session session(localCapabilities(), kLocalIp, kLocalPort, origin());
+    if (!answered(state, session) ||
+        !succeeds(state, session.setLocalDirection(StreamConfig::DirectionSendOnly))) {
+        return;
+    }
+    const AllocationScope scope;
+    for (auto _ : state) {
+        std::string body;
+        sdp::Result result = session.createOffer(body);
+        session.cancelOffer();
+        benchmark::DoNotOptimize(result);
+    }
+    scope.report(state, kCallBudget);
+}
+BENCHMARK(BM_HoldReOffer);
+
+// The peer holds the call: its re-offer is the VoLTE offer, sendonly, with the next version.
+void BM_AnswerReOffer(benchmark::State& state) {
+    std::string reOffer = volteOffer();
+    reOffer.replace(reOffer.find("a=sendrecv"), 10, "a=sendonly");
+    reOffer.replace(reOffer.find(" 1732184400 IN"), 14, " 1732184401 IN");
+    sdp::Session session(localCapabilities(), kLocalIp, kLocalPort, origin());
+    if (!answered(state, session)) {
+        return;
+    }
+    const AllocationScope scope;
+    for (auto _ : state) {
+        StreamConfig negotiated;
+        std::string body;
+        sdp::Result result = session.answerOffer(reOffer, negotiated, body);
+        benchmark::DoNotOptimize(result);
+    }
+    scope.report(state, kCallBudget);
+}
+BENCHMARK(BM_AnswerReOffer);
 
 }  // namespace
 

@@ -3,6 +3,8 @@
 // redundancy, profiles, address and port). The description is read as a remote one, answered as an
 // offer, and accepted as the answer to the offer rune-sdp writes by default; an offer is written
 // from the chosen capabilities, answered from them and its answer accepted, which must succeed.
+// Then a Session with those capabilities goes through a dialog whose steps the remaining bytes
+// choose, its peer's texts cut from the description (SessionDrive.h).
 // Whatever the bytes: a refusal leaves the outputs as they were, every body written reads again,
 // and everything the library returns for printing is printable as rune-sdp prints (in bodies, but
 // for the CRLF that ends each line).
@@ -12,8 +14,10 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "BodyChecks.h"
 #include "DefaultCapabilities.h"
 #include "Require.h"
+#include "SessionDrive.h"
 #include "syntax/Printable.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
@@ -21,43 +25,16 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace {
 
 using namespace velmora::rune;
+using velmora::fuzz::isBody;
+using velmora::fuzz::Outputs;
+using velmora::fuzz::reads;
 
 const char* const kSession = "v=0\r\no=- 0 0 IN IP4 192.0.2.1\r\ns=-\r\nt=0 0\r\n";
-
-// Lines ended by CRLF, printable between them.
-bool isBody(const std::string& body) {
-    size_t start = 0;
-    for (size_t end = body.find("\r\n"); end != std::string::npos; end = body.find("\r\n", start)) {
-        if (!sdp::isPrintable(std::string_view(body).substr(start, end - start))) return false;
-        start = end + 2;
-    }
-    return !body.empty() && start == body.size();
-}
-
-bool reads(const std::string& body) {
-    StreamConfig stream;
-    std::vector<sdp::SkippedFormat> skipped;
-    return sdp::readRemoteDescription(body, stream, skipped).isSuccess();
-}
-
-// Outputs that a refusal must leave as they are.
-struct Outputs {
-    StreamConfig stream;
-    std::vector<sdp::SkippedFormat> skipped{{0, "untouched"}};
-    std::string body = "untouched";
-
-    Outputs() { (void)stream.setRemoteIp("192.0.2.99"); }
-    bool untouched() const {
-        return stream.toString() == Outputs().stream.toString() && skipped == Outputs().skipped &&
-               body == "untouched";
-    }
-};
 
 // A refusal prints safely and leaves the outputs alone; a written body reads again.
 bool written(const sdp::Result& result, const Outputs& out) {
@@ -153,6 +130,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const sdp::Result acceptance = sdp::acceptAnswer(kDefaultOffer, description, accepted.stream);
     REQUIRE(sdp::isPrintable(acceptance.format()) &&
             (acceptance.isSuccess() || accepted.untouched()));
+
+    velmora::fuzz::driveSession(description, in, local, localIp, localPort, origin);
 
     Outputs offered;
     if (!written(sdp::createOffer(local, localIp, localPort, origin, offered.body), offered)) {

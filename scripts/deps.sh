@@ -3,10 +3,11 @@
 set -euo pipefail
 
 # libgstreamer-plugins-base1.0-dev: GStreamer's SDP parser, which the tests use as an independent
-# reader of what the library writes; the libraries never link it.
+# reader of what the library writes; libsofia-sip-ua-dev: Sofia-SIP's offer/answer engine, which
+# the tests use as the other side of whole dialogs. The libraries never link either.
 host_packages=(cmake ninja-build g++ pkg-config clang clang-format clang-tidy libclang-rt-dev
   android-liblog-dev googletest libgtest-dev libbenchmark-dev valgrind abigail-tools llvm
-  libgstreamer-plugins-base1.0-dev)
+  libgstreamer-plugins-base1.0-dev libsofia-sip-ua-dev)
 armhf_packages=(g++-arm-linux-gnueabihf qemu-user android-liblog-dev:armhf libgtest-dev:armhf)
 
 missing() {

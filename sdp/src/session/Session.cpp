@@ -78,14 +78,14 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
     if (mOutstanding.empty()) {
         return sequenceRefusal("No offer outstanding");
     }
-    StreamConfig stream;
-    Result result = sdp::acceptAnswer(mOutstanding, answer, stream);
+    // Built in place: accepting leaves the stream as it was when it refuses.
+    Result result = sdp::acceptAnswer(mOutstanding, answer, mAgreedStream);
     if (result.isFailure()) {
         return result;
     }
-    agree(mOutstanding, answer, Role::Offerer, stream);
+    agree(mOutstanding, answer, Role::Offerer);
     mOutstanding.clear();
-    negotiated = stream;
+    negotiated = mAgreedStream;
     return result;
 }
 
@@ -109,16 +109,16 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         }
         rules.agreed = agreedFormats(mAgreedStream);
     }
-    StreamConfig stream;
     std::string text;
+    // Built in place: answering leaves the stream as it was when it refuses.
     Result result =
-        answerInDialog(offer, mLocal, mLocalIp, mLocalPort, mOrigin, rules, stream, text);
+        answerInDialog(offer, mLocal, mLocalIp, mLocalPort, mOrigin, rules, mAgreedStream, text);
     if (result.isFailure()) {
         return result;
     }
     send(text);
-    agree(offer, text, Role::Answerer, stream);
-    negotiated = stream;
+    agree(offer, text, Role::Answerer);
+    negotiated = mAgreedStream;
     answer.swap(text);
     return result;
 }
@@ -175,7 +175,8 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mVersion = origin.version;
     restored.mOriginTail = origin.tail;
     restored.mLastSent = sent;
-    restored.agree(offer, answer, role, stream);
+    restored.mAgreedStream = stream;
+    restored.agree(offer, answer, role);
     session = restored;
     return result;
 }
@@ -201,12 +202,10 @@ void Session::send(std::string& body) {
     mLastSent = body;
 }
 
-void Session::agree(const std::string& offer, const std::string& answer, Role role,
-                    const StreamConfig& stream) {
+void Session::agree(const std::string& offer, const std::string& answer, Role role) {
     mAgreedOffer = offer;
     mAgreedAnswer = answer;
     mAgreedRole = role;
-    mAgreedStream = stream;
     mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
     Description parsed;
     (void)Description::parse(offer, parsed);

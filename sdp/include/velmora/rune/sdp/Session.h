@@ -119,10 +119,9 @@ class Session {
     // Hidden: the library's own steps, not part of its interface.
     // Gives body the o= line of the dialog, its version counted, and keeps it as the last sent.
     __attribute__((visibility("hidden"))) void send(std::string& body);
-    // The exchange of offer and answer is agreed on stream.
+    // The exchange of offer and answer is agreed, on the stream in mAgreedStream.
     __attribute__((visibility("hidden"))) void agree(const std::string& offer,
-                                                     const std::string& answer, Role role,
-                                                     const StreamConfig& stream);
+                                                     const std::string& answer, Role role);
     bool hasAgreed() const { return !mAgreedOffer.empty(); }
 
     StreamCapabilities mLocal;
