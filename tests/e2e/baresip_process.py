@@ -45,10 +45,12 @@ def free_port():
     raise OSError("no free port on 127.0.0.1")
 
 
+# dns_server: a lookup, should baresip ever make one, stays on 127.0.0.1 too.
 CONFIG = """\
 poll_method		epoll
 sip_listen		127.0.0.1:{sip_port}
 net_interface		127.0.0.1
+dns_server		127.0.0.1:53
 audio_path		{folder}
 audio_source		aufile,{tone}
 audio_player		aubridge,nowhere

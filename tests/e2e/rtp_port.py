@@ -13,6 +13,10 @@ class Packet:
         self.payload_type = data[1] & 0x7F if self.valid else None
         self.payload = data[12 + 4 * (data[0] & 0x0F):] if self.valid else b""
 
+    def amr_mode(self):
+        """The frame type of the first frame of an octet-aligned AMR payload (RFC 4867)."""
+        return self.payload[1] >> 3 & 0x0F if len(self.payload) > 1 else None
+
     def event(self):
         """(event, end) of a telephone-event payload (RFC 4733)."""
         return self.payload[0], bool(self.payload[1] & TELEPHONE_EVENT_END)

@@ -220,8 +220,11 @@ class Calls:
         check(amr is not None and rtpmap(answer, payload_type) is not None
               and rtpmap(answer, payload_type).startswith("AMR-WB/16000"),
               f"call 2: our answer chose AMR-WB ({chosen(stream)})")
-        check(rtp.wait_type(payload_type, RTP_WAIT) is not None,
+        packet = rtp.wait_type(payload_type, RTP_WAIT)
+        check(packet is not None,
               f"call 2: RTP with payload type {payload_type} arrives at our port {rtp.port}")
+        if packet is not None:
+            print(f"note call 2: baresip sends AMR-WB mode {packet.amr_mode()}")
         dtmf = stream.dtmf()
         event_type = int(dtmf["PayloadType"]) if dtmf else -1
         check(dtmf is not None and (rtpmap(answer, event_type) or "").startswith("telephone-event"),
