@@ -16,32 +16,36 @@ SAMPLE_RATE = 16000
 
 
 def write_tone(path, seconds):
-    """A 440 Hz tone, 16 kHz mono 16-bit: AMR-WB's rate, so nothing resamples it."""
-    frames = bytearray()
-    for index in range(SAMPLE_RATE * seconds):
-        frames += struct.pack("<h", int(8000 * math.sin(2 * math.pi * 440 * index / SAMPLE_RATE)))
+    """A 440 Hz tone, 16 kHz mono 16-bit: AMR-WB's rate, so nothing resamples it. One second
+    holds whole periods, so it repeats without a click."""
+    second = b"".join(struct.pack("<h", int(8000 * math.sin(2 * math.pi * 440 * n / SAMPLE_RATE)))
+                      for n in range(SAMPLE_RATE))
     with wave.open(path, "wb") as file:
         file.setnchannels(1)
         file.setsampwidth(2)
         file.setframerate(SAMPLE_RATE)
-        file.writeframes(bytes(frames))
+        file.writeframes(second * seconds)
 
 
-def free_port():
-    """A port free for both UDP and TCP on 127.0.0.1 (baresip listens on both)."""
+def bindable(port):
+    for kind in (socket.SOCK_DGRAM, socket.SOCK_STREAM):
+        with socket.socket(socket.AF_INET, kind) as probe:
+            try:
+                probe.bind(("127.0.0.1", port))
+            except OSError:
+                return False
+    return True
+
+
+def free_ports(count):
+    """count ports in a row, each free for both UDP and TCP on 127.0.0.1 (baresip listens on
+    both; for SIP also TLS on the next port); busy ones are skipped."""
     for _ in range(50):
-        udp = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
-        tcp = socket.socket(socket.AF_INET, socket.SOCK_STREAM)
-        try:
-            udp.bind(("127.0.0.1", 0))
-            port = udp.getsockname()[1]
-            tcp.bind(("127.0.0.1", port))
-            return port
-        except OSError:
-            continue
-        finally:
-            udp.close()
-            tcp.close()
+        with socket.socket(socket.AF_INET, socket.SOCK_DGRAM) as probe:
+            probe.bind(("127.0.0.1", 0))
+            first = probe.getsockname()[1]
+        if first + count <= 65536 and all(bindable(first + n) for n in range(count)):
+            return first
     raise OSError("no free port on 127.0.0.1")
 
 
@@ -88,7 +92,7 @@ class Baresip:
     def start(self, attempts=3):
         """Starts baresip; a port taken between the check and baresip's bind means a new pair."""
         for _ in range(attempts):
-            self.sip_port, self.console_port = free_port(), free_port()
+            self.sip_port, self.console_port = free_ports(2), free_ports(1)
             with open(os.path.join(self.folder, "config"), "w") as file:
                 file.write(CONFIG.format(sip_port=self.sip_port, console_port=self.console_port,
                                          folder=self.folder, tone=self.tone,

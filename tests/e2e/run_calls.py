@@ -273,9 +273,14 @@ def main():
     if shutil.which("baresip") is None:
         print("baresip is not installed: run tests/e2e/deps.sh", file=sys.stderr)
         return 1
-    # ctest's timeout ends the run through the finally below, which stops baresip.
-    signal.signal(signal.SIGTERM, lambda number, frame: sys.exit(128 + number))
     check = Check()
+
+    def stopped(number, frame):
+        check.failures.append("stopped by a signal")
+        sys.exit(128 + number)
+
+    # ctest's timeout ends the run through the finally below, which stops baresip.
+    signal.signal(signal.SIGTERM, stopped)
     started = time.monotonic()
     with tempfile.TemporaryDirectory(prefix="rune-e2e-") as folder:
         calls = Calls(sys.argv[1], folder, check)
