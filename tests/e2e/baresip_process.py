@@ -153,13 +153,14 @@ class Baresip:
     def stop(self):
         if self.process is None:
             return
-        if self.process.poll() is None:
+        try:
             os.killpg(self.process.pid, signal.SIGTERM)
-            try:
-                self.process.wait(3)
-            except subprocess.TimeoutExpired:
-                os.killpg(self.process.pid, signal.SIGKILL)
-                self.process.wait(3)
+            self.process.wait(3)
+        except ProcessLookupError:
+            pass  # it had ended
+        except subprocess.TimeoutExpired:
+            os.killpg(self.process.pid, signal.SIGKILL)
+            self.process.wait(3)
         self.process = None
 
     def close(self):

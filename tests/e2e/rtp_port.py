@@ -47,7 +47,6 @@ class RtpPort:
         self.deadline = deadline
         self.socket, self.rtcp = bind_pair()
         self.port = self.socket.getsockname()[1]
-        self.seen = {}
 
     def close(self):
         self.socket.close()
@@ -73,8 +72,6 @@ class RtpPort:
                 packet = Packet(self.socket.recv(65535))
             except socket.timeout:
                 return None
-            if packet.valid:
-                self.seen[packet.payload_type] = self.seen.get(packet.payload_type, 0) + 1
             if packet.valid and accept(packet):
                 return packet
 

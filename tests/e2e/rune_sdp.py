@@ -33,10 +33,6 @@ class Stream:
     def dtmf(self):
         return self.first("DTMF")
 
-    def direction(self):
-        found = re.search(r"^\s*Direction\s*:\s*(.*?)\s*$", self.text, flags=re.M)
-        return found.group(1) if found else None
-
 
 class RuneSdp:
     def __init__(self, path, folder, log):
@@ -69,6 +65,3 @@ class RuneSdp:
 
     def accept(self, offer, answer):
         return Stream(self.run("accept", offer, answer).stdout)
-
-    def describe(self, path):
-        return Stream(self.run("describe", path).stdout)

@@ -77,6 +77,8 @@ class Dialog:
 
 
 class SipPeer:
+    """Talks to one peer at remote (host, port)."""
+
     def __init__(self, log, deadline):
         self.log = log
         self.deadline = deadline
@@ -92,9 +94,9 @@ class SipPeer:
     def close(self):
         self.socket.close()
 
-    def send(self, data, address):
-        self.log(f">>> to {address[0]}:{address[1]}\n{data.decode('utf-8', 'replace')}")
-        self.socket.sendto(data, address)
+    def send(self, data):
+        self.log(f">>> to {self.remote[0]}:{self.remote[1]}\n{data.decode('utf-8', 'replace')}")
+        self.socket.sendto(data, self.remote)
 
     def build(self, start, headers, body=b""):
         lines = [start, *headers]
@@ -103,14 +105,14 @@ class SipPeer:
         lines.append(f"Content-Length: {len(body)}")
         return ("\r\n".join(lines) + "\r\n\r\n").encode() + body
 
-    def request(self, method, body=b"", cseq=None, branch=None):
+    def request(self, method, body=b"", cseq=None):
         dialog = self.dialog
         if cseq is None:
             dialog.local_cseq += 1
             cseq = dialog.local_cseq
         to = f"<{dialog.remote_uri}>" + (f";tag={dialog.remote_tag}" if dialog.remote_tag else "")
         headers = [
-            f"Via: SIP/2.0/UDP 127.0.0.1:{self.port};branch={branch or 'z9hG4bK' + token()};rport",
+            f"Via: SIP/2.0/UDP 127.0.0.1:{self.port};branch=z9hG4bK{token()};rport",
             "Max-Forwards: 70",
             f"From: <{dialog.local_uri}>;tag={dialog.local_tag}",
             f"To: {to}",
@@ -119,7 +121,7 @@ class SipPeer:
             f"Contact: <{self.uri}>",
         ]
         data = self.build(f"{method} {dialog.remote_target} SIP/2.0", headers, body)
-        self.send(data, self.remote)
+        self.send(data)
         return data, cseq
 
     def respond(self, request, status, reason, body=b""):
@@ -131,7 +133,7 @@ class SipPeer:
                     f"Call-ID: {request.header('call-id')}", f"CSeq: {request.header('cseq')}",
                     f"Contact: <{self.uri}>"]
         data = self.build(f"SIP/2.0 {status} {reason}", headers, body)
-        self.send(data, self.remote)
+        self.send(data)
         if request.method == "INVITE" and status >= 200:
             self.answered[request.branch] = data
         return data
@@ -153,7 +155,7 @@ class SipPeer:
             reply = self.earlier_reply(message)
             if reply is None:
                 return message
-            self.send(reply, self.remote)
+            self.send(reply)
 
     def earlier_reply(self, message):
         """What we sent for message when it is a repeat: our final response to a repeated
@@ -179,8 +181,7 @@ class SipPeer:
 
     # The offering side.
 
-    def start_call(self, remote_address, remote_uri):
-        self.remote = remote_address
+    def start_call(self, remote_uri):
         self.dialog = Dialog(f"{token()}@127.0.0.1", token(), self.uri, remote_uri, remote_uri)
         self.answered.clear()
         self.acks.clear()
@@ -199,7 +200,7 @@ class SipPeer:
                 if time.monotonic() >= end:
                     raise TimeoutError(f"no final response to INVITE (CSeq {cseq})")
                 if interval is not None:
-                    self.send(data, self.remote)
+                    self.send(data)
                     interval = min(interval * 2, 4.0)
                 continue
             if message.is_request:
@@ -251,7 +252,7 @@ class SipPeer:
             if message is None:
                 if time.monotonic() >= end:
                     raise TimeoutError(f"no ACK for our 200 (CSeq {invite.cseq})")
-                self.send(data, self.remote)
+                self.send(data)
                 interval = min(interval * 2, 4.0)
                 continue
             if message.is_request and message.method == "ACK" and message.cseq == invite.cseq:
