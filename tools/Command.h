@@ -5,11 +5,15 @@
 #define VELMORA_RUNE_TOOLS_COMMAND_H
 
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
+
+#include "syntax/Printable.h"
 
 #include <getopt.h>
 
 #include <cstdint>
 #include <ctime>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -51,7 +55,8 @@ const std::vector<const Command*>& commands();
 void printToolHelp();
 
 // Writes message and the usage lines to standard error (the command's, or every command's for
-// nullptr); returns kUsageStatus.
+// nullptr); returns kUsageStatus. Arguments and file names in any message the tool writes go
+// through sdp::quote, so that what is printed cannot drive a terminal.
 int usageError(const Command* command, const std::string& message);
 
 // Prints the command's usage line and help to standard output; returns 0.
@@ -69,17 +74,30 @@ int nextOption(int argc, char** argv, const char* shortOptions, const option* lo
 // The usage error for what nextOption returned as '?' or ':'.
 int optionError(const Command& command, int result, char** argv);
 
+// After the options: the usage error for an option that follows an operand (returned), or -1.
+int checkOptionsEnded(const Command& command, int argc, char** argv);
+
 // Parses a command that has no option but -h/--help. Returns -1 when the command should run,
 // with optind at its first operand, else the exit status.
 int parseHelpOnly(const Command& command, int argc, char** argv);
 
-// The local end and the o= line of a body this side writes, and where the body goes.
+// The local end and the o= line of a body this side writes, the dialog it belongs to, and where
+// the body goes.
 struct BodyOptions {
     std::string address = "127.0.0.1";
     int port = 49150;
+    bool addressGiven = false;
+    bool portGiven = false;
     // Session id: seconds since 1970 (RFC 8866 suggests a time stamp); version 1.
     sdp::Origin origin{"-", static_cast<uint64_t>(std::time(nullptr)), 1};
-    // Empty: the body is printed.
+    StreamConfig::Direction direction = StreamConfig::DirectionFullDuplex;
+    // The last agreed exchange of the dialog, as files: this side's offer and the peer's answer,
+    // or the peer's offer and this side's answer; all empty for a dialog's first exchange.
+    std::string ourOffer;
+    std::string theirAnswer;
+    std::string theirOffer;
+    std::string ourAnswer;
+    // Empty or "-": the body goes to standard output.
     std::string output;
 };
 
@@ -87,20 +105,28 @@ struct BodyOptions {
 // its first operand, else the exit status (help printed or usage error).
 int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions& options);
 
+// Makes session, built from the options' local end and origin, the dialog the options give: the
+// one restored from the exchange files when given, at the local end they name unless --address or
+// --port say otherwise; then the local direction. Returns -1 when the command should go on, else
+// the exit status (an exchange file that cannot be read, or a refused exchange, whose result
+// line goes to standard error).
+int joinDialog(const BodyOptions& options, sdp::Session& session);
+
 // The text of path, or of standard input for "-": at most 64 KiB and one byte, so that the library
 // sees a longer input as too long. False, after a message on standard error, when it cannot be
 // read.
 bool readInput(const std::string& path, std::string& text);
 
-// Prints or writes a body the library wrote (CRLF): printed with LF, written to a file as it is.
-// False, after a message on standard error, when the file cannot be written.
+// Writes a body the library wrote, as it is (CRLF), to standard output or to the output FILE:
+// FILE is replaced whole or not at all. False, after a message on standard error, when the file
+// cannot be written.
 bool deliverBody(const BodyOptions& options, const std::string& body);
 
 // Prints a result line.
-void printResult(const StreamConfig::Result& result);
+void printResult(std::ostream& out, const StreamConfig::Result& result);
 
 // Prints the stream and the format() line of its check(); the exit status that goes with it.
-int printStream(const StreamConfig& stream);
+int printStream(std::ostream& out, const StreamConfig& stream);
 
 // Flushes standard output; false, after a message on standard error, when it could not be written.
 bool flushStandardOutput();

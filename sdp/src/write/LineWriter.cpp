@@ -1,5 +1,6 @@
 #include "write/LineWriter.h"
 
+#include "syntax/Printable.h"
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
@@ -104,6 +105,11 @@ void LineWriter::rtpmap(int payloadType, CodecId codec, BandType band) {
 
 void LineWriter::fmtpStart(int payloadType) {
     text("a=fmtp:").integer(payloadType).text(" ");
+}
+
+void LineWriter::eventsFmtp(int payloadType) {
+    fmtpStart(payloadType);
+    text("0-15").end();
 }
 
 void LineWriter::attribute(std::string_view name, std::string_view value) {

@@ -29,7 +29,7 @@ struct ListedCodecs {
 }  // namespace
 
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
-                      int localPort, const AmrFmtpText* answered) {
+                      int localPort, const AmrFmtpText* amrFmtp, EventsFmtp events) {
     const ListedCodecs codecs(stream);
     const RtcpConfig& rtcp = stream.getRtcpConfig();
     const bool rtcpOn = stream.isRtcpEnabled();
@@ -47,9 +47,11 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
         writer.rtpmap(codec.getPayloadType(), codec.getCodecId(), codec.getBandType());
         if (codec.getCodecId() == CodecIdAmr) {
             writeAmrFmtp(writer, codec.getPayloadType(),
-                         answered != nullptr
-                             ? *answered
+                         amrFmtp != nullptr
+                             ? *amrFmtp
                              : configuredFmtp(static_cast<const AmrCodecConfig&>(codec)));
+        } else if (events == EventsFmtp::Offered) {
+            writer.eventsFmtp(codec.getPayloadType());
         }
     }
     if (codecs.count() > 0) {
