@@ -1,5 +1,6 @@
 """Runs the built rune-sdp tool and reads the stream it prints."""
 
+import os
 import re
 import subprocess
 
@@ -36,7 +37,7 @@ class Stream:
 
 class RuneSdp:
     def __init__(self, path, folder, log):
-        self.path = path
+        self.path = os.path.abspath(path)  # the tool runs in folder
         self.folder = folder
         self.log = log
 
