@@ -2,6 +2,9 @@
 # Installs the Debian packages the build and the tests need; skips what is there.
 set -euo pipefail
 
+# The end-to-end test's SIP user agents: host tools, needed in every mode.
+"$(dirname "$0")/../tests/e2e/deps.sh"
+
 # libgstreamer-plugins-base1.0-dev: GStreamer's SDP parser, which the tests use as an independent
 # reader of what the library writes; libsofia-sip-ua-dev: Sofia-SIP's offer/answer engine, which
 # the tests use as the other side of whole dialogs. The libraries never link either.
