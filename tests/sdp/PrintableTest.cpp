@@ -44,14 +44,12 @@ const PrintableCase kPrintableCases[] = {
     {std::string(119, 'a') + "\xC3\xA9", std::string(119, 'a') + "\\xC3...", true},
 };
 
-class PrintableTest : public ::testing::TestWithParam<PrintableCase> {};
-
-TEST_P(PrintableTest, ShowsEachUnprintableByteAsHex) {
-    const PrintableCase& c = GetParam();
-    EXPECT_EQ(quote(c.text), c.shown);
-    EXPECT_EQ(isPrintable(c.text), c.printable);
+TEST(PrintableTest, ShowsEachUnprintableByteAsHex) {
+    for (const PrintableCase& c : kPrintableCases) {
+        SCOPED_TRACE(quote(c.text));
+        EXPECT_EQ(quote(c.text), c.shown);
+        EXPECT_EQ(isPrintable(c.text), c.printable);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, PrintableTest, ::testing::ValuesIn(kPrintableCases));
 
 }  // namespace
