@@ -3,6 +3,7 @@
 #define VELMORA_RUNE_SDP_SRC_WRITE_STREAM_MEDIA_H
 
 #include <velmora/rune/StreamConfig.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include "amr/AmrFmtp.h"
 #include "write/LineWriter.h"
@@ -14,9 +15,11 @@ namespace rune {
 namespace sdp {
 
 // The media section of stream from its m= line on, as writeMediaDescription describes it; the
-// AMR codecs' a=fmtp from answered when it is given, else from each codec's configuration.
+// AMR codecs' a=fmtp from answered when it is given, else from each codec's configuration; the
+// precondition rows, when given, before the direction.
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
-                      int localPort, const AmrFmtpText* answered);
+                      int localPort, const AmrFmtpText* answered,
+                      const Preconditions* preconditions = nullptr);
 
 }  // namespace sdp
 }  // namespace rune

@@ -35,8 +35,10 @@ namespace sdp {
 // Which side of an exchange this side was.
 enum class Role { Offerer, Answerer };
 
-// The strength of a desired precondition (RFC 3312 section 5).
-enum class Strength { None, Optional, Mandatory };
+// The strength of a desired precondition (RFC 3312 section 5). Failure and Unknown are what an
+// answer may say about a precondition it cannot meet or does not know; this side desires None,
+// Optional or Mandatory.
+enum class Strength { None, Optional, Mandatory, Failure, Unknown };
 
 // The RFC 3312 precondition rows of a stream (a=curr, a=des, a=conf), seen from this side:
 // "local" is this side's segment. Rows are kept in the order a body writes them: curr, then des,
@@ -61,9 +63,16 @@ class Preconditions {
         // Every field.
         bool operator==(const Row& other) const;
         bool operator!=(const Row& other) const { return !(*this == other); }
+        // As a body writes it, without the line end: "a=des:qos mandatory local sendrecv".
+        std::string toString() const;
     };
 
     const std::vector<Row>& rows() const { return mRows; }
+    // The row of that kind, type and status type; null when there is none. There is one at most.
+    const Row* find(Kind kind, const std::string& type, StatusType statusType) const;
+    // Puts row in its place in the order above, replacing the row of the same kind, type and
+    // status type.
+    void add(const Row& row);
     // True when every mandatory a=des row's direction is covered by the a=curr row of the same
     // type and status type; true without rows.
     bool met() const;
@@ -73,7 +82,6 @@ class Preconditions {
     bool operator!=(const Preconditions& other) const { return !(*this == other); }
 
   private:
-    friend class Session;
     std::vector<Row> mRows;
 };
 
@@ -103,6 +111,14 @@ class Session {
     // DirectionFullDuplex (the default; resume), DirectionSendOnly (hold), DirectionReceiveOnly
     // or DirectionInactive; the model's check of the value.
     Result setLocalDirection(StreamConfig::Direction direction);
+    // The directions in which the local access network has reserved resources (RFC 3312):
+    // DirectionInactive (the default, written "none"), DirectionSendOnly, DirectionReceiveOnly or
+    // DirectionFullDuplex; the model's check of the value.
+    Result setQosStatus(StreamConfig::Direction local);
+    // The strength this side desires for its own segment: Strength::None (the default: no
+    // precondition of its own), Optional or Mandatory; 1002 "Invalid strength : " + the value
+    // for the others.
+    Result setQosStrength(Strength strength);
 
     // A session whose last agreed exchange is offer and answer, role saying which side of it this
     // side was; the local endpoint, origin and version come from the description this side sent,
@@ -131,6 +147,8 @@ class Session {
     std::string mAgreedAnswer;
     Role mAgreedRole = Role::Offerer;
     Preconditions mPreconditions;
+    StreamConfig::Direction mQosStatus = StreamConfig::DirectionInactive;
+    Strength mQosStrength = Strength::None;
 };
 
 }  // namespace sdp
