@@ -10,6 +10,7 @@
 #include "read/RemoteAddress.h"
 #include "read/SectionReader.h"
 #include "stream/StreamBuilder.h"
+#include "stream/TelephoneEvents.h"
 #include "syntax/SessionDescription.h"
 
 namespace velmora {
@@ -36,7 +37,8 @@ const RemoteFormat* offeredAs(const RemoteMedia& offer, const RemoteFormat& answ
 }
 
 // The first usable AMR payload type in the answer's order, with the answered telephone-event
-// of its clock rate; formats that the offer did not list are skipped.
+// of its clock rate, else the first of another rate; formats that the offer did not list are
+// skipped.
 bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice) {
     for (const RemoteFormat& format : answer) {
         const RemoteFormat* offered =
@@ -54,13 +56,9 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
     if (choice.amr == nullptr) {
         return false;
     }
-    for (const RemoteFormat& format : answer) {
-        if (format.kind == RemoteFormat::TelephoneEvent && format.band == choice.amr->band &&
-            offeredAs(offer, format) != nullptr) {
-            choice.events = &format;
-            break;
-        }
-    }
+    choice.events = chooseEvents(
+        answer, choice.amr->band, nullptr,
+        [&offer](const RemoteFormat& format) { return offeredAs(offer, format) != nullptr; });
     return true;
 }
 
@@ -68,7 +66,7 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
 // comes next, then the stream at the offer's position.
 StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
                                  const Description& answer, RemoteMedia& answered, Choice& choice) {
-    if (!offer.hasSameMediaTypes(answer)) {
+    if (!offer.hasSameMediaLines(answer)) {
         return afterAddress(
             answered, makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
                                                             "Answer does not match the offer"));
@@ -97,13 +95,15 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
     return result;
 }
 
-// RTCP bandwidths the offer's, as reading takes them; reduced size only when both listed it.
+// The answer's direction mirrored, within what the offer allowed (RFC 3264 section 6.1); RTCP
+// bandwidths the offer's, as reading takes them; reduced size only when both listed it.
 StreamConfig::Result negotiate(const RemoteMedia& offered, const RemoteMedia& answered,
                                const Choice& choice, StreamConfig& stream) {
     StreamConfig::Result result = startStream(answered, stream);
     if (result.isFailure()) {
         return result;
     }
+    setDirectionAndHold(stream, limit(stream.getDirection(), offered.direction));
     setReadRtcp(offered, stream);
     RtcpConfig rtcp = stream.getRtcpConfig();
     rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);

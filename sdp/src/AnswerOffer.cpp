@@ -3,13 +3,16 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "DialogAnswer.h"
 #include "amr/AmrAnswer.h"
 #include "read/RemoteAddress.h"
 #include "read/SectionReader.h"
 #include "stream/StreamBuilder.h"
+#include "stream/TelephoneEvents.h"
 #include "syntax/SessionDescription.h"
 #include "write/LineWriter.h"
 #include "write/LocalChecks.h"
+#include "write/RejectedMedia.h"
 #include "write/StreamMedia.h"
 
 #include <algorithm>
@@ -60,38 +63,36 @@ const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local, BandT
     return nullptr;
 }
 
-// The first AMR format, in the offerer's order, that a local capability accepts; then the
-// telephone-event of its clock rate.
-bool choose(const RemoteMedia& remote, const StreamCapabilities& local, Choice& choice) {
-    for (const RemoteFormat& format : remote) {
-        if (format.kind != RemoteFormat::Amr) {
-            continue;
-        }
-        choice.amrCaps = acceptingCaps(local, format.band, format.amr);
-        if (choice.amrCaps != nullptr) {
-            choice.amr = &format;
-            break;
+// The agreed AMR format when a local capability accepts it, else the first AMR format, in the
+// offerer's order, that one accepts; then the telephone-event that goes with it.
+bool choose(const RemoteMedia& remote, const StreamCapabilities& local, const AgreedFormats& agreed,
+            Choice& choice) {
+    const RemoteFormat* kept = findAgreed(remote, agreed.amr, RemoteFormat::Amr);
+    choice.amrCaps = kept != nullptr ? acceptingCaps(local, kept->band, kept->amr) : nullptr;
+    choice.amr = choice.amrCaps != nullptr ? kept : nullptr;
+    for (const RemoteFormat* format = remote.begin();
+         choice.amr == nullptr && format != remote.end(); ++format) {
+        if (format->kind == RemoteFormat::Amr) {
+            choice.amrCaps = acceptingCaps(local, format->band, format->amr);
+            choice.amr = choice.amrCaps != nullptr ? format : nullptr;
         }
     }
     if (choice.amr == nullptr) {
         return false;
     }
-    const BandType band = choice.amr->band;
-    for (const RemoteFormat& format : remote) {
-        if (format.kind == RemoteFormat::TelephoneEvent && format.band == band &&
-            hasEvents(local, band)) {
-            choice.events = &format;
-            break;
-        }
-    }
+    choice.events = chooseEvents(
+        remote, choice.amr->band, findAgreed(remote, agreed.events, RemoteFormat::TelephoneEvent),
+        [&local](const RemoteFormat& format) { return hasEvents(local, format.band); });
     return true;
 }
 
-// Why a section read without fault cannot be answered: the profile first, then the codecs.
+// Why a section read without fault cannot be answered: the profile first, then the codecs. A
+// section that binds an agreed payload type to another codec is answered as a first offer.
 StreamConfig::Result refusal(const RemoteMedia& remote, const StreamCapabilities& local,
-                             Choice& choice) {
+                             const AgreedFormats& agreed, Choice& choice) {
+    const AgreedFormats& kept = rebinds(remote, agreed) ? AgreedFormats() : agreed;
     const char* reason = !supportsProfile(local, remote.profile) ? "Unsupported profile"
-                         : !choose(remote, local, choice)        ? "No common codec"
+                         : !choose(remote, local, kept, choice)  ? "No common codec"
                                                                  : nullptr;
     return reason == nullptr
                ? successResult()
@@ -102,8 +103,9 @@ StreamConfig::Result refusal(const RemoteMedia& remote, const StreamCapabilities
 // already. A refusal other than the profile's or the codecs' is the result; when none can be
 // answered, the first active audio section's refusal.
 StreamConfig::Result chooseSection(const Description& offer, const StreamCapabilities& local,
-                                   RemoteMedia& remote, Choice& choice) {
-    StreamConfig::Result result = refusal(remote, local, choice);
+                                   const AgreedFormats& agreed, RemoteMedia& remote,
+                                   Choice& choice) {
+    StreamConfig::Result result = refusal(remote, local, agreed, choice);
     if (result.isSuccess()) {
         return result;
     }
@@ -124,7 +126,7 @@ StreamConfig::Result chooseSection(const Description& offer, const StreamCapabil
             return result;
         }
         choice = Choice();
-        if (refusal(remote, local, choice).isSuccess()) {
+        if (refusal(remote, local, agreed, choice).isSuccess()) {
             return result;
         }
     }
@@ -132,7 +134,7 @@ StreamConfig::Result chooseSection(const Description& offer, const StreamCapabil
     findFirstActiveAudio(offer, section);
     result = readSection(offer, section, remote);
     choice = Choice();
-    return result.isFailure() ? result : refusal(remote, local, choice);
+    return result.isFailure() ? result : refusal(remote, local, agreed, choice);
 }
 
 RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remote) {
@@ -141,14 +143,16 @@ RtcpConfig answeredRtcp(const StreamCapabilities& local, const RemoteMedia& remo
     return rtcp;
 }
 
-// The kept formats in the offer's m= order, at the agreed packet times. Only the model's refusal
-// of the address, which leaves stream as it was, can refuse.
+// The kept formats in the offer's m= order, at the agreed packet times, in the direction both
+// sides allow. Only the model's refusal of the address, which leaves stream as it was, can refuse.
 StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabilities& local,
-                               const Choice& choice, StreamConfig& stream) {
+                               const Choice& choice, StreamConfig::Direction localDirection,
+                               StreamConfig& stream) {
     StreamConfig::Result result = startStream(remote, stream);
     if (result.isFailure()) {
         return result;
     }
+    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection));
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
@@ -189,8 +193,7 @@ std::string_view timing(const Description& offer) {
     return "0 0";
 }
 
-// One m= line per offered one: the chosen section answered, every other one rejected with its
-// type, protocol and formats (quoted, so that no byte of the offer can break a line).
+// One m= line per offered one: the chosen section answered, every other one rejected.
 void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
                  const StreamConfig& stream, const std::string& localIp, int localPort,
                  const Origin& origin, std::string& text) {
@@ -203,21 +206,15 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
             writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp);
             continue;
         }
-        writer.text("m=").token(section.type).text(" 0 ").token(section.protocol);
-        std::string_view formats = section.formats;
-        for (std::string_view token = nextField(formats); !token.empty();
-             token = nextField(formats)) {
-            writer.text(" ").token(token);
-        }
-        writer.end();
+        writeRejectedMedia(writer, section);
     }
 }
 
 }  // namespace
 
-Result answerOffer(const std::string& offer, const StreamCapabilities& local,
-                   const std::string& localIp, int localPort, const Origin& origin,
-                   StreamConfig& negotiated, std::string& answer) {
+Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
+                      const std::string& localIp, int localPort, const Origin& origin,
+                      const DialogRules& rules, StreamConfig& negotiated, std::string& answer) {
     Result result = checkOrigin(origin);
     if (result.isSuccess()) {
         result = checkLocalEndpoint(localIp, localPort);
@@ -230,11 +227,11 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
     }
     Choice choice;
     if (result.isSuccess()) {
-        result = chooseSection(parsed, local, remote, choice);
+        result = chooseSection(parsed, local, rules.agreed, remote, choice);
     }
     if (result.isSuccess()) {
         choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
-        result = negotiate(remote, local, choice, negotiated);
+        result = negotiate(remote, local, choice, rules.localDirection, negotiated);
     }
     if (result.isFailure()) {
         return result;
@@ -245,6 +242,13 @@ Result answerOffer(const std::string& offer, const StreamCapabilities& local,
     writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, text);
     answer.swap(text);
     return result;
+}
+
+Result answerOffer(const std::string& offer, const StreamCapabilities& local,
+                   const std::string& localIp, int localPort, const Origin& origin,
+                   StreamConfig& negotiated, std::string& answer) {
+    return answerInDialog(offer, local, localIp, localPort, origin, DialogRules(), negotiated,
+                          answer);
 }
 
 }  // namespace sdp

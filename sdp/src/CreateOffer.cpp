@@ -4,6 +4,7 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "DirectedOffer.h"
 #include "amr/AmrAnswer.h"
 #include "amr/AmrFmtp.h"
 #include "internal/Results.h"
@@ -81,7 +82,7 @@ bool supportsAvp(const StreamCapabilities& local) {
 
 void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
                 const std::string& localIp, int localPort, const Origin& origin,
-                std::string& text) {
+                StreamConfig::Direction direction, std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, "0 0");
     writer.audioMediaStart(localPort, supportsAvp(local) ? RtpProfileAvp : RtpProfileAvpf);
@@ -104,12 +105,11 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
                          offerFmtp(static_cast<const AmrCodecCapabilities&>(*format.caps),
                                    format.octetAligned));
         } else {
-            writer.fmtpStart(format.payloadType);
-            writer.text("0-15").end();
+            writer.eventsFmtp(format.payloadType);
         }
     }
     writer.packetTimes(formats.firstAmr()->getPacketTime(), formats.firstAmr()->getMaxPacketTime());
-    writer.direction(StreamConfig::DirectionFullDuplex);
+    writer.direction(direction);
     if (rtcp.isReducedSizeMode()) {
         writer.attribute("rtcp-rsize");
     }
@@ -117,8 +117,9 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
 
 }  // namespace
 
-Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
-                   const Origin& origin, std::string& offer) {
+Result createDirectedOffer(const StreamCapabilities& local, const std::string& localIp,
+                           int localPort, const Origin& origin, StreamConfig::Direction direction,
+                           std::string& offer) {
     Result result = checkOrigin(origin);
     if (result.isSuccess()) {
         result = checkLocalEndpoint(localIp, localPort);
@@ -133,9 +134,15 @@ Result createOffer(const StreamCapabilities& local, const std::string& localIp, 
     }
     std::string text;
     text.reserve(kBodyReserve);
-    writeOffer(local, formats, localIp, localPort, origin, text);
+    writeOffer(local, formats, localIp, localPort, origin, direction, text);
     offer.swap(text);
     return result;
+}
+
+Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
+                   const Origin& origin, std::string& offer) {
+    return createDirectedOffer(local, localIp, localPort, origin, StreamConfig::DirectionFullDuplex,
+                               offer);
 }
 
 }  // namespace sdp

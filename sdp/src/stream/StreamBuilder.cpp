@@ -17,6 +17,21 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction) {
     }
 }
 
+StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::Direction allowed) {
+    // The values are the bits send (1) and receive (2).
+    static_assert(StreamConfig::DirectionSendOnly == 1 && StreamConfig::DirectionReceiveOnly == 2 &&
+                      StreamConfig::DirectionFullDuplex == 3,
+                  "directions are bit sets");
+    return static_cast<StreamConfig::Direction>(direction & allowed);
+}
+
+void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction) {
+    (void)stream.setDirection(direction);
+    const std::string address = stream.getRemoteIp();
+    stream.setHoldState(direction != StreamConfig::DirectionFullDuplex || address == "0.0.0.0" ||
+                        address == "::");
+}
+
 StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream) {
     // The model's setter checks the address, once, and refuses before it changes anything.
     StreamConfig::Result result = stream.setRemoteIp(std::string(remote.address));
@@ -30,11 +45,10 @@ StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream
     stream.setRtcpConfig(RtcpConfig());
     stream.clearUplinkCodecs();
     stream.clearDownlinkCodecs();
-    stream.setHoldState(StreamConfig::DEFAULT_IS_HELD);
     stream.setPdpContext(StreamConfig::PdpContext());
     // The reader checked the port with the model's own check.
     (void)stream.setRemoteRtpPort(remote.port);
-    (void)stream.setDirection(mirror(remote.direction));
+    setDirectionAndHold(stream, mirror(remote.direction));
     stream.setRtpProfile(remote.profile);
     return result;
 }

@@ -17,9 +17,17 @@ namespace sdp {
 // The direction of this side when the other side declares direction.
 StreamConfig::Direction mirror(StreamConfig::Direction direction);
 
+// What both directions allow: it sends only when both send, receives only when both receive.
+StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::Direction allowed);
+
+// Sets the direction of stream, and its hold state: held when the direction is not full duplex
+// or the remote address is 0.0.0.0 or :: (RFC 3264 section 8.4, the old way to hold), so that a
+// media engine can tell from isHeld() alone. Codecs are placed after it.
+void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction);
+
 // Makes stream, in place, a default StreamConfig with the remote endpoint and profile of remote
-// and the direction it declares, mirrored. The model's setter checks the address first: its
-// refusal, as reading gives it, is the result, and stream is left as it was.
+// and the direction it declares, mirrored, with its hold state. The model's setter checks the
+// address first: its refusal, as reading gives it, is the result, and stream is left as it was.
 StreamConfig::Result startStream(const RemoteMedia& remote, StreamConfig& stream);
 
 // RFC 3556 bandwidths as read: a value not given keeps its default; RS and RR both given and

@@ -66,6 +66,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
             media.index = description.mSectionCount++;
             if (media.index < kKnownTypes) {
                 description.mTypes[media.index] = media.type;
+                description.mProtocols[media.index] = media.protocol;
             }
             if (description.mFirstMediaNumber == 0) {
                 description.mFirstMediaNumber = line.number;
@@ -136,19 +137,21 @@ bool Description::section(unsigned index, MediaSection& section) const {
     return false;
 }
 
-bool Description::hasSameMediaTypes(const Description& other) const {
+bool Description::hasSameMediaLines(const Description& other) const {
     if (mSectionCount != other.mSectionCount) {
         return false;
     }
     if (mSectionCount <= kKnownTypes) {
-        return std::equal(mTypes.begin(), mTypes.begin() + mSectionCount, other.mTypes.begin());
+        return std::equal(mTypes.begin(), mTypes.begin() + mSectionCount, other.mTypes.begin()) &&
+               std::equal(mProtocols.begin(), mProtocols.begin() + mSectionCount,
+                          other.mProtocols.begin());
     }
     SectionCursor mine = sections();
     SectionCursor theirs = other.sections();
     MediaSection section;
     MediaSection otherSection;
     while (mine.next(section) && theirs.next(otherSection)) {
-        if (section.type != otherSection.type) {
+        if (section.type != otherSection.type || section.protocol != otherSection.protocol) {
             return false;
         }
     }

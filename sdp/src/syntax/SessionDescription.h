@@ -92,10 +92,12 @@ class Description {
     SectionCursor sections() const {
         return {mText.substr(mSession.size()), mFirstMediaNumber, mSectionCount};
     }
+    // The number of m= lines.
+    unsigned sectionCount() const { return mSectionCount; }
     // The media section at index; false when there is none.
     bool section(unsigned index, MediaSection& section) const;
-    // The same number of m= lines, of the same media types in the same order.
-    bool hasSameMediaTypes(const Description& other) const;
+    // The same number of m= lines, of the same media types and protocols in the same order.
+    bool hasSameMediaLines(const Description& other) const;
 
     // The values of a c= or b= line; false when its form is wrong. Other lines have none.
     static bool readValues(const Line& line, LineValues& values) {
@@ -130,9 +132,11 @@ class Description {
     // The number of the first m= line.
     unsigned mFirstMediaNumber = 0;
     unsigned mSectionCount = 0;
-    // The media types of the first sections, so that usual descriptions compare without a walk.
+    // The media types and protocols of the first sections, so that usual descriptions compare
+    // without a walk.
     static const unsigned kKnownTypes = 4;
     std::array<std::string_view, kKnownTypes> mTypes;
+    std::array<std::string_view, kKnownTypes> mProtocols;
 };
 
 }  // namespace sdp

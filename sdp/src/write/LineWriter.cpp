@@ -106,6 +106,11 @@ void LineWriter::fmtpStart(int payloadType) {
     text("a=fmtp:").integer(payloadType).text(" ");
 }
 
+void LineWriter::eventsFmtp(int payloadType) {
+    fmtpStart(payloadType);
+    text("0-15").end();
+}
+
 void LineWriter::attribute(std::string_view name, std::string_view value) {
     text("a=").text(name);
     if (!value.empty()) {

@@ -53,6 +53,8 @@ class LineWriter {
     void rtpmap(int payloadType, CodecId codec, BandType band);
     // "a=fmtp:<pt> ", without the parameters and the line end.
     void fmtpStart(int payloadType);
+    // The a=fmtp of a telephone-event that offers events 0-15 (RFC 4733: the DTMF digits).
+    void eventsFmtp(int payloadType);
     // a=name, or a=name:value when value is not empty.
     void attribute(std::string_view name, std::string_view value = std::string_view());
     void packetTimes(unsigned int packetTime, unsigned int maxPacketTime);

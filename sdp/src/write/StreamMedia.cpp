@@ -30,7 +30,7 @@ struct ListedCodecs {
 }  // namespace
 
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
-                      int localPort, const AmrFmtpText* answered,
+                      int localPort, const AmrFmtpText* amrFmtp, EventsFmtp events,
                       const Preconditions* preconditions) {
     const ListedCodecs codecs(stream);
     const RtcpConfig& rtcp = stream.getRtcpConfig();
@@ -49,9 +49,11 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
         writer.rtpmap(codec.getPayloadType(), codec.getCodecId(), codec.getBandType());
         if (codec.getCodecId() == CodecIdAmr) {
             writeAmrFmtp(writer, codec.getPayloadType(),
-                         answered != nullptr
-                             ? *answered
+                         amrFmtp != nullptr
+                             ? *amrFmtp
                              : configuredFmtp(static_cast<const AmrCodecConfig&>(codec)));
+        } else if (events == EventsFmtp::Offered) {
+            writer.eventsFmtp(codec.getPayloadType());
         }
     }
     if (codecs.count() > 0) {

@@ -14,11 +14,15 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
+// Whether a telephone-event gets the a=fmtp that an offer gives it.
+enum class EventsFmtp { Left, Offered };
+
 // The media section of stream from its m= line on, as writeMediaDescription describes it; the
-// AMR codecs' a=fmtp from answered when it is given, else from each codec's configuration; the
+// AMR codecs' a=fmtp from amrFmtp when it is given, else from each codec's configuration; the
 // precondition rows, when given, before the direction.
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
-                      int localPort, const AmrFmtpText* answered,
+                      int localPort, const AmrFmtpText* amrFmtp,
+                      EventsFmtp events = EventsFmtp::Left,
                       const Preconditions* preconditions = nullptr);
 
 }  // namespace sdp

@@ -74,6 +74,10 @@ struct Origin {
 // resolve it and read again. On success, stream becomes the stream read (built from a default
 // StreamConfig) and skipped lists the formats left out, in m= order; on a refusal both are left
 // as they were. The stream is not checked: call stream.check() before using it.
+//
+// Every stream this library builds (read, answered, accepted) is held (isHeld()) when its
+// direction is not full duplex or its remote address is 0.0.0.0 or :: (the old way to hold, RFC
+// 3264 section 8.4, read rather than refused).
 Result readRemoteDescription(const std::string& description, StreamConfig& stream,
                              std::vector<SkippedFormat>& skipped);
 
@@ -98,6 +102,10 @@ std::string writeMediaDescription(const StreamConfig& stream, const std::string&
 // readRemoteDescription (a tried section's own refusal is the result), and, when no section can
 // be answered, the first audio section's: "Unsupported profile" or "No common codec".
 //
+// The telephone-event kept is the offered one of the chosen AMR's clock rate, else the first
+// offered at another rate that a local DtmfCodecCapabilities of that band supports (DTMF at
+// 8000 Hz beside AMR-WB), with its payload type and band.
+//
 // On success, negotiated becomes the stream both sides agreed on (the offer's endpoint, the
 // direction mirrored, local RTCP values) and answer the whole answer body. On a refusal both are
 // left as they were. negotiated is not checked: call negotiated.check() before using it.
@@ -119,15 +127,17 @@ Result createOffer(const StreamCapabilities& local, const std::string& localIp, 
 // Reads the answer to an offer this side sent (both as text) into the stream both sides agreed
 // on, or refuses it, in this order: each text as readRemoteDescription refuses it (the offer's
 // chosen section read whole, the answer's line syntax), 1003 "Answer does not match the offer"
-// when the m= lines differ in number or media type, "Stream rejected" when the answer's section
-// at the place of the offer's chosen one has port 0, that section's own refusals as reading gives
-// them, and "No common codec" when no answered AMR payload type keeps what RFC 4867 forbids an
-// answerer to change (octet-align, crc, robust-sorting, interleaving, an offered mode-set;
-// mode-change-period=2 only after mode-change-capability=2). The stream: the answer's endpoint,
-// profile and direction mirrored, its first usable AMR payload type and the telephone-event of
-// that clock rate, packet times the answer's else the offer's, RTCP bandwidths the offer's,
-// reduced size only when both sides listed it. On a refusal negotiated is left as it was; it is
-// not checked.
+// when the m= lines differ in number, media type or protocol, "Stream rejected" when the
+// answer's section at the place of the offer's chosen one has port 0, that section's own
+// refusals as reading gives them, and "No common codec" when no answered AMR payload type keeps
+// what RFC 4867 forbids an answerer to change (octet-align, crc, robust-sorting, interleaving,
+// an offered mode-set; mode-change-period=2 only after mode-change-capability=2). The stream:
+// the answer's endpoint and profile; its direction mirrored, limited to what the offer allowed
+// (a sendrecv answer to a sendonly offer sends only, RFC 3264 section 6.1); its first usable AMR
+// payload type and the answered telephone-event of that clock rate, else the first answered one
+// of another rate that the offer listed; packet times the answer's else the offer's, RTCP
+// bandwidths the offer's, reduced size only when both sides listed it. On a refusal negotiated
+// is left as it was; it is not checked.
 Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated);
 
 }  // namespace sdp

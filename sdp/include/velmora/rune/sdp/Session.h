@@ -131,13 +131,25 @@ class Session {
     const Preconditions& preconditions() const;
 
   private:
+    // Gives body the o= line of the dialog, its version counted, and keeps it as the last sent.
+    void send(std::string& body);
+    // The exchange of offer and answer is agreed on stream.
+    void agree(const std::string& offer, const std::string& answer, Role role,
+               const StreamConfig& stream);
+    bool hasAgreed() const { return !mAgreedOffer.empty(); }
+
     StreamCapabilities mLocal;
     std::string mLocalIp;
     int mLocalPort;
     StreamConfig::Direction mLocalDirection = StreamConfig::DirectionFullDuplex;
+    // What the first description sent writes.
     Origin mOrigin;
     // Whether a description was sent yet; the version of the next one counts from mOrigin's.
     bool mSent = false;
+    // The o= line of the first description sent, in parts; its version the last one sent.
+    std::string mOriginHead;
+    uint64_t mVersion = 0;
+    std::string mOriginTail;
     // The last description sent, for the version rule and the re-offer's rejected sections.
     std::string mLastSent;
     // The outstanding offer this side sent; empty when none is.
@@ -146,6 +158,10 @@ class Session {
     std::string mAgreedOffer;
     std::string mAgreedAnswer;
     Role mAgreedRole = Role::Offerer;
+    // The stream of the agreed exchange, its section's index and the exchange's m= lines.
+    StreamConfig mAgreedStream;
+    unsigned mAgreedIndex = 0;
+    unsigned mAgreedSections = 0;
     Preconditions mPreconditions;
     StreamConfig::Direction mQosStatus = StreamConfig::DirectionInactive;
     Strength mQosStrength = Strength::None;

@@ -1,0 +1,68 @@
+#include "session/OriginLine.h"
+
+#include "syntax/SdpLine.h"
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+// The o= line of a body, from its "o=" to its line end; empty at the body's end when there is
+// none. It follows v=, so it is the first line that starts with "o=" after a line end.
+std::string_view findOriginLine(std::string_view body) {
+    const size_t found = body.find("\no=");
+    const size_t start = found == std::string_view::npos ? body.size() : found + 1;
+    size_t end = body.find('\n', start);
+    end = end == std::string_view::npos ? body.size() : end;
+    if (end > start && body[end - 1] == '\r') {
+        --end;
+    }
+    return body.substr(start, end - start);
+}
+
+// The text before and after the o= line.
+std::string_view before(std::string_view body, std::string_view line) {
+    return body.substr(0, static_cast<size_t>(line.data() - body.data()));
+}
+std::string_view after(std::string_view body, std::string_view line) {
+    return body.substr(static_cast<size_t>(line.data() - body.data()) + line.size());
+}
+
+}  // namespace
+
+bool readOriginLine(std::string_view body, OriginParts& parts) {
+    const std::string_view line = findOriginLine(body);
+    std::string_view rest = line.substr(line.empty() ? 0 : 2);
+    const std::string_view username = nextField(rest);
+    const std::string_view sessionId = nextField(rest);
+    const std::string_view versionText = nextField(rest);
+    const std::string_view tail = trim(rest);
+    uint64_t version = 0;
+    if (username.empty() || sessionId.empty() || !parseDecimal(versionText, UINT64_MAX, version) ||
+        tail.empty()) {
+        return false;
+    }
+    parts.head = "o=";
+    parts.head.append(username).append(" ").append(sessionId);
+    parts.version = version;
+    parts.tail = tail;
+    return true;
+}
+
+bool isSameButOrigin(std::string_view a, std::string_view b) {
+    const std::string_view lineA = findOriginLine(a);
+    const std::string_view lineB = findOriginLine(b);
+    return before(a, lineA) == before(b, lineB) && after(a, lineA) == after(b, lineB);
+}
+
+void writeOriginLine(const OriginParts& parts, std::string& body) {
+    const std::string_view line = findOriginLine(body);
+    const size_t start = before(body, line).size();
+    body.replace(start, line.size(),
+                 parts.head + " " + std::to_string(parts.version) + " " + parts.tail);
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora

@@ -1,0 +1,91 @@
+#include "session/Reoffer.h"
+
+#include <velmora/rune/Amr.h>
+
+#include "amr/AmrAnswer.h"
+#include "read/RemoteMedia.h"
+#include "syntax/SessionDescription.h"
+#include "write/LineWriter.h"
+#include "write/RejectedMedia.h"
+#include "write/StreamMedia.h"
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+// The AMR codec of a negotiated stream, on whichever list holds its codecs.
+const AmrCodecConfig* agreedAmr(const StreamConfig& stream) {
+    const bool downlink = stream.getDownlinkCodecCount() > 0;
+    const unsigned int count =
+        downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount();
+    for (unsigned int i = 0; i < count; ++i) {
+        const CodecConfig* codec = downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i);
+        if (codec->getCodecId() == CodecIdAmr) {
+            return static_cast<const AmrCodecConfig*>(codec);
+        }
+    }
+    return nullptr;
+}
+
+const AmrCodecCapabilities* firstAmrCaps(const StreamCapabilities& local, BandType band) {
+    for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
+        const auto* amr = dynamic_cast<const AmrCodecCapabilities*>(local.getCodecCapabilities(i));
+        if (amr != nullptr && amr->getBandType() == band) {
+            return amr;
+        }
+    }
+    return nullptr;
+}
+
+// The agreed parameters, and the mode change capability that an offer of local announces.
+AmrFmtpText reofferedFmtp(const AmrCodecConfig& amr, const StreamCapabilities& local) {
+    AmrFmtpText fmtp = configuredFmtp(amr);
+    const AmrCodecCapabilities* caps = firstAmrCaps(local, amr.getBandType());
+    fmtp.modeChangeCapabilityTwo =
+        caps != nullptr && offerFmtp(*caps, amr.isOctetAlignModeEnabled()).modeChangeCapabilityTwo;
+    return fmtp;
+}
+
+}  // namespace
+
+void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
+                  const StreamCapabilities& local, const LocalEnd& end, const Origin& origin,
+                  std::string& text) {
+    StreamConfig stream = agreed;
+    (void)stream.setDirection(end.direction);
+    const AmrCodecConfig* amr = agreedAmr(stream);
+    const AmrFmtpText fmtp = amr != nullptr ? reofferedFmtp(*amr, local) : AmrFmtpText();
+    Description sent;
+    (void)Description::parse(lastSent, sent);
+    LineWriter writer(text);
+    writer.sessionPart(origin, end.ip, "0 0");
+    SectionCursor sections = sent.sections();
+    MediaSection section;
+    while (sections.next(section)) {
+        if (section.index == agreedIndex) {
+            writeStreamMedia(writer, stream, end.ip, end.port, amr != nullptr ? &fmtp : nullptr,
+                             EventsFmtp::Offered);
+        } else {
+            writeRejectedMedia(writer, section);
+        }
+    }
+}
+
+unsigned streamSectionIndex(std::string_view text) {
+    Description parsed;
+    (void)Description::parse(text, parsed);
+    SectionCursor sections = parsed.sections();
+    MediaSection section;
+    while (sections.next(section)) {
+        if (qualifies(section)) {
+            return section.index;
+        }
+    }
+    return 0;
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora

@@ -1,0 +1,215 @@
+// The SDP side of one dialog (RFC 3264 section 8).
+#include <velmora/rune/sdp/Session.h>
+
+#include "DialogAnswer.h"
+#include "DirectedOffer.h"
+#include "internal/Results.h"
+#include "read/SectionReader.h"
+#include "session/OriginLine.h"
+#include "session/Reoffer.h"
+#include "stream/AgreedFormats.h"
+#include "stream/StreamBuilder.h"
+#include "syntax/SessionDescription.h"
+#include "write/LineWriter.h"
+#include "write/LocalChecks.h"
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+// RFC 3264 forbids the sequence: no context, call control answers it (491 for glare).
+Result sequenceRefusal(const char* message) {
+    return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration, message);
+}
+
+// The stream section of the description this side sent: where this side receives, and for an
+// answer, the RTCP values it gave.
+Result readSentSection(const std::string& sent, unsigned index, Description& parsed,
+                       RemoteMedia& media) {
+    Result result = Description::parse(sent, parsed);
+    MediaSection section;
+    if (result.isSuccess()) {
+        (void)parsed.section(index, section);
+        result = readSection(parsed, section, media);
+    }
+    return result;
+}
+
+}  // namespace
+
+Session::Session(const StreamCapabilities& local, const std::string& localIp, int localPort,
+                 const Origin& origin)
+    : mLocal(local), mLocalIp(localIp), mLocalPort(localPort), mOrigin(origin) {}
+
+Result Session::createOffer(std::string& offer) {
+    if (!mOutstanding.empty()) {
+        return sequenceRefusal("Offer outstanding");
+    }
+    std::string text;
+    Result result = successResult();
+    if (hasAgreed()) {
+        result = checkOrigin(mOrigin);
+        if (result.isSuccess()) {
+            result = checkLocalEndpoint(mLocalIp, mLocalPort);
+        }
+        if (result.isSuccess()) {
+            text.reserve(kBodyReserve);
+            writeReoffer(mAgreedStream, mAgreedIndex, mLastSent, mLocal,
+                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, mOrigin, text);
+        }
+    } else {
+        result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection, text);
+    }
+    if (result.isFailure()) {
+        return result;
+    }
+    send(text);
+    mOutstanding = text;
+    offer.swap(text);
+    return result;
+}
+
+Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated) {
+    if (mOutstanding.empty()) {
+        return sequenceRefusal("No offer outstanding");
+    }
+    StreamConfig stream;
+    Result result = sdp::acceptAnswer(mOutstanding, answer, stream);
+    if (result.isFailure()) {
+        return result;
+    }
+    agree(mOutstanding, answer, Role::Offerer, stream);
+    mOutstanding.clear();
+    negotiated = stream;
+    return result;
+}
+
+void Session::cancelOffer() {
+    mOutstanding.clear();
+}
+
+Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
+                            std::string& answer) {
+    if (!mOutstanding.empty()) {
+        return sequenceRefusal("Offer outstanding");
+    }
+    DialogRules rules;
+    rules.localDirection = mLocalDirection;
+    if (hasAgreed()) {
+        // An offer that does not parse is refused below, as answering refuses it.
+        Description parsed;
+        if (Description::parse(offer, parsed).isSuccess() &&
+            parsed.sectionCount() < mAgreedSections) {
+            return sequenceRefusal("Offer removes a media section");
+        }
+        rules.agreed = agreedFormats(mAgreedStream);
+    }
+    StreamConfig stream;
+    std::string text;
+    Result result =
+        answerInDialog(offer, mLocal, mLocalIp, mLocalPort, mOrigin, rules, stream, text);
+    if (result.isFailure()) {
+        return result;
+    }
+    send(text);
+    agree(offer, text, Role::Answerer, stream);
+    negotiated = stream;
+    answer.swap(text);
+    return result;
+}
+
+Result Session::setLocalEndpoint(const std::string& localIp, int localPort) {
+    Result result = checkLocalEndpoint(localIp, localPort);
+    if (result.isFailure()) {
+        return result;
+    }
+    mLocalIp = localIp;
+    mLocalPort = localPort;
+    return result;
+}
+
+Result Session::setLocalDirection(StreamConfig::Direction direction) {
+    StreamConfig probe;
+    Result result = probe.setDirection(direction);
+    if (result.isFailure()) {
+        return result;
+    }
+    mLocalDirection = direction;
+    return result;
+}
+
+Result Session::restore(const StreamCapabilities& local, const std::string& offer,
+                        const std::string& answer, Role role, Session& session) {
+    StreamConfig stream;
+    Result result = sdp::acceptAnswer(offer, answer, stream);
+    if (result.isFailure()) {
+        return result;
+    }
+    const std::string& sent = role == Role::Offerer ? offer : answer;
+    OriginParts origin;
+    if (!readOriginLine(sent, origin)) {
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam, "Bad origin line");
+    }
+    // Both texts share the stream's section index: accepting found the answer's there.
+    const unsigned index = streamSectionIndex(offer);
+    Description parsed;
+    RemoteMedia media;
+    result = readSentSection(sent, index, parsed, media);
+    if (result.isFailure()) {
+        return result;
+    }
+    if (role == Role::Answerer) {
+        // This side's RTCP values are the ones its answer gave, not the offer's.
+        setReadRtcp(media, stream);
+    }
+    Session restored(local, std::string(media.address), media.port, Origin());
+    restored.mOrigin.username = origin.head.substr(2, origin.head.find(' ') - 2);
+    restored.mOrigin.sessionVersion = origin.version;
+    restored.mSent = true;
+    restored.mOriginHead = origin.head;
+    restored.mVersion = origin.version;
+    restored.mOriginTail = origin.tail;
+    restored.mLastSent = sent;
+    restored.agree(offer, answer, role, stream);
+    session = restored;
+    return result;
+}
+
+const Preconditions& Session::preconditions() const {
+    return mPreconditions;
+}
+
+void Session::send(std::string& body) {
+    OriginParts origin{mOriginHead, mVersion, mOriginTail};
+    if (!mSent) {
+        // The first body carries the o= line that every later one repeats.
+        (void)readOriginLine(body, origin);
+    } else if (!isSameButOrigin(body, mLastSent)) {
+        // Wraps at 2^64, which RFC 8866 allows.
+        ++origin.version;
+    }
+    writeOriginLine(origin, body);
+    mOriginHead = origin.head;
+    mVersion = origin.version;
+    mOriginTail = origin.tail;
+    mSent = true;
+    mLastSent = body;
+}
+
+void Session::agree(const std::string& offer, const std::string& answer, Role role,
+                    const StreamConfig& stream) {
+    mAgreedOffer = offer;
+    mAgreedAnswer = answer;
+    mAgreedRole = role;
+    mAgreedStream = stream;
+    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
+    Description parsed;
+    (void)Description::parse(offer, parsed);
+    mAgreedSections = parsed.sectionCount();
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora

@@ -1,0 +1,48 @@
+#include "stream/AgreedFormats.h"
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+void take(const CodecConfig& codec, AgreedFormats& agreed) {
+    AgreedFormat& format = codec.getCodecId() == CodecIdAmr ? agreed.amr : agreed.events;
+    format = AgreedFormat{codec.getPayloadType(), codec.getBandType()};
+}
+
+bool isBoundElsewhere(const RemoteMedia& remote, const AgreedFormat& agreed,
+                      RemoteFormat::Kind kind) {
+    const RemoteFormat* format = remote.find(agreed.payloadType);
+    return format != nullptr && findAgreed(remote, agreed, kind) == nullptr;
+}
+
+}  // namespace
+
+AgreedFormats agreedFormats(const StreamConfig& stream) {
+    AgreedFormats agreed;
+    // An inactive stream keeps its codecs on the downlink; either list holds all of them.
+    for (unsigned int i = 0; i < stream.getDownlinkCodecCount(); ++i) {
+        take(*stream.getDownlinkCodec(i), agreed);
+    }
+    for (unsigned int i = 0; i < stream.getUplinkCodecCount(); ++i) {
+        take(*stream.getUplinkCodec(i), agreed);
+    }
+    return agreed;
+}
+
+bool rebinds(const RemoteMedia& remote, const AgreedFormats& agreed) {
+    return isBoundElsewhere(remote, agreed.amr, RemoteFormat::Amr) ||
+           isBoundElsewhere(remote, agreed.events, RemoteFormat::TelephoneEvent);
+}
+
+const RemoteFormat* findAgreed(const RemoteMedia& remote, const AgreedFormat& agreed,
+                               RemoteFormat::Kind kind) {
+    const RemoteFormat* format = remote.find(agreed.payloadType);
+    return format != nullptr && format->kind == kind && format->band == agreed.band ? format
+                                                                                    : nullptr;
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora
