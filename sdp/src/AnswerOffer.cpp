@@ -5,8 +5,10 @@
 
 #include "DialogAnswer.h"
 #include "amr/AmrAnswer.h"
+#include "read/PreconditionReader.h"
 #include "read/RemoteAddress.h"
 #include "read/SectionReader.h"
+#include "stream/PreconditionRules.h"
 #include "stream/StreamBuilder.h"
 #include "stream/TelephoneEvents.h"
 #include "syntax/SessionDescription.h"
@@ -196,14 +198,15 @@ std::string_view timing(const Description& offer) {
 // One m= line per offered one: the chosen section answered, every other one rejected.
 void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
                  const StreamConfig& stream, const std::string& localIp, int localPort,
-                 const Origin& origin, std::string& text) {
+                 const Origin& origin, const Preconditions* preconditions, std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, timing(offer));
     SectionCursor sections = offer.sections();
     MediaSection section;
     while (sections.next(section)) {
         if (section.index == remote.section.index) {
-            writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp);
+            writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp, EventsFmtp::Left,
+                             preconditions);
             continue;
         }
         writeRejectedMedia(writer, section);
@@ -229,6 +232,13 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
     if (result.isSuccess()) {
         result = chooseSection(parsed, local, rules.agreed, remote, choice);
     }
+    Preconditions offered;
+    if (result.isSuccess() && rules.preconditions != nullptr) {
+        result = readPreconditions(remote.section, PreconditionUse::Answered, offered);
+        if (result.isFailure()) {
+            return afterAddress(remote, std::move(result));
+        }
+    }
     if (result.isSuccess()) {
         choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
         result = negotiate(remote, local, choice, rules.localDirection, negotiated);
@@ -237,9 +247,13 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
         return result;
     }
     // Nothing below refuses: the answer is written in place.
+    if (rules.preconditions != nullptr) {
+        *rules.preconditions = answerPreconditions(offered, rules.qosStatus, rules.qosStrength);
+    }
     std::string text;
     text.reserve(kBodyReserve);
-    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, text);
+    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, rules.preconditions,
+                text);
     answer.swap(text);
     return result;
 }

@@ -5,6 +5,7 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include "stream/AgreedFormats.h"
 
@@ -19,6 +20,12 @@ struct DialogRules {
     StreamConfig::Direction localDirection = StreamConfig::DirectionFullDuplex;
     // Kept when the offer still lists them for their codecs and local accepts them.
     AgreedFormats agreed;
+    // When given, the offer's precondition rows are read (and refused as readPreconditions
+    // refuses an offer's, after the stream's values) and answered from this side's status and
+    // strength; the answered rows, seen from this side, go there.
+    Preconditions* preconditions = nullptr;
+    StreamConfig::Direction qosStatus = StreamConfig::DirectionInactive;
+    Strength qosStrength = Strength::None;
 };
 
 // answerOffer under rules; answerOffer itself answers under the default ones.

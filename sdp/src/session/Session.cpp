@@ -4,10 +4,12 @@
 #include "DialogAnswer.h"
 #include "DirectedOffer.h"
 #include "internal/Results.h"
+#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "session/OriginLine.h"
 #include "session/Reoffer.h"
 #include "stream/AgreedFormats.h"
+#include "stream/PreconditionRules.h"
 #include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
 #include "write/LineWriter.h"
@@ -37,6 +39,23 @@ Result readSentSection(const std::string& sent, unsigned index, Description& par
     return result;
 }
 
+// The precondition rows of answer, the stream's section of an exchange whose offer is offer, as
+// the side of role sees them.
+Result readAgreedPreconditions(const std::string& offer, const std::string& answer, Role role,
+                               Preconditions& preconditions) {
+    Description parsed;
+    MediaSection section;
+    Result result = Description::parse(answer, parsed);
+    if (result.isSuccess()) {
+        (void)parsed.section(streamSectionIndex(offer), section);
+        result = readPreconditions(section, PreconditionUse::Kept, preconditions);
+    }
+    if (result.isSuccess() && role == Role::Offerer) {
+        preconditions = mirrorPreconditions(preconditions);
+    }
+    return result;
+}
+
 }  // namespace
 
 Session::Session(const StreamCapabilities& local, const std::string& localIp, int localPort,
@@ -49,6 +68,8 @@ Result Session::createOffer(std::string& offer) {
     }
     std::string text;
     Result result = successResult();
+    const Preconditions preconditions =
+        offerPreconditions(mPreconditions, mQosStatus, mQosStrength);
     if (hasAgreed()) {
         result = checkOrigin(mOrigin);
         if (result.isSuccess()) {
@@ -57,10 +78,12 @@ Result Session::createOffer(std::string& offer) {
         if (result.isSuccess()) {
             text.reserve(kBodyReserve);
             writeReoffer(mAgreedStream, mAgreedIndex, mLastSent, mLocal,
-                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, mOrigin, text);
+                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, preconditions, mOrigin,
+                         text);
         }
     } else {
-        result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection, text);
+        result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection,
+                                     &preconditions, text);
     }
     if (result.isFailure()) {
         return result;
@@ -77,10 +100,14 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
     }
     StreamConfig stream;
     Result result = sdp::acceptAnswer(mOutstanding, answer, stream);
+    Preconditions preconditions;
+    if (result.isSuccess()) {
+        result = readAgreedPreconditions(mOutstanding, answer, Role::Offerer, preconditions);
+    }
     if (result.isFailure()) {
         return result;
     }
-    agree(mOutstanding, answer, Role::Offerer, stream);
+    agree(mOutstanding, answer, Role::Offerer, stream, preconditions);
     mOutstanding.clear();
     negotiated = stream;
     return result;
@@ -95,8 +122,12 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
     if (!mOutstanding.empty()) {
         return sequenceRefusal("Offer outstanding");
     }
+    Preconditions preconditions;
     DialogRules rules;
     rules.localDirection = mLocalDirection;
+    rules.preconditions = &preconditions;
+    rules.qosStatus = mQosStatus;
+    rules.qosStrength = mQosStrength;
     if (hasAgreed()) {
         // An offer that does not parse is refused below, as answering refuses it.
         Description parsed;
@@ -114,7 +145,7 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return result;
     }
     send(text);
-    agree(offer, text, Role::Answerer, stream);
+    agree(offer, text, Role::Answerer, stream, preconditions);
     negotiated = stream;
     answer.swap(text);
     return result;
@@ -140,10 +171,34 @@ Result Session::setLocalDirection(StreamConfig::Direction direction) {
     return result;
 }
 
+Result Session::setQosStatus(StreamConfig::Direction local) {
+    StreamConfig probe;
+    Result result = probe.setDirection(local);
+    if (result.isFailure()) {
+        return result;
+    }
+    mQosStatus = local;
+    return result;
+}
+
+Result Session::setQosStrength(Strength strength) {
+    if (strength != Strength::None && strength != Strength::Optional &&
+        strength != Strength::Mandatory) {
+        return makeResult<StreamConfig::ResultTrait>(
+            StreamConfig::InvalidParam, "Invalid strength : ", static_cast<int>(strength));
+    }
+    mQosStrength = strength;
+    return successResult();
+}
+
 Result Session::restore(const StreamCapabilities& local, const std::string& offer,
                         const std::string& answer, Role role, Session& session) {
     StreamConfig stream;
     Result result = sdp::acceptAnswer(offer, answer, stream);
+    Preconditions preconditions;
+    if (result.isSuccess()) {
+        result = readAgreedPreconditions(offer, answer, role, preconditions);
+    }
     if (result.isFailure()) {
         return result;
     }
@@ -172,7 +227,7 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mVersion = origin.version;
     restored.mOriginTail = origin.tail;
     restored.mLastSent = sent;
-    restored.agree(offer, answer, role, stream);
+    restored.agree(offer, answer, role, stream, preconditions);
     session = restored;
     return result;
 }
@@ -199,11 +254,12 @@ void Session::send(std::string& body) {
 }
 
 void Session::agree(const std::string& offer, const std::string& answer, Role role,
-                    const StreamConfig& stream) {
+                    const StreamConfig& stream, const Preconditions& preconditions) {
     mAgreedOffer = offer;
     mAgreedAnswer = answer;
     mAgreedRole = role;
     mAgreedStream = stream;
+    mPreconditions = preconditions;
     mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
     Description parsed;
     (void)Description::parse(offer, parsed);

@@ -1,6 +1,7 @@
-// The RFC 3312 rules that make the precondition rows of the descriptions a session sends.
-#ifndef VELMORA_RUNE_SDP_SRC_SESSION_PRECONDITION_RULES_H
-#define VELMORA_RUNE_SDP_SRC_SESSION_PRECONDITION_RULES_H
+// The RFC 3312 rules that make the precondition rows of the descriptions a session sends, below
+// the answer that writes them.
+#ifndef VELMORA_RUNE_SDP_SRC_STREAM_PRECONDITION_RULES_H
+#define VELMORA_RUNE_SDP_SRC_STREAM_PRECONDITION_RULES_H
 
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Session.h>
@@ -28,4 +29,4 @@ Preconditions offerPreconditions(const Preconditions& agreed, StreamConfig::Dire
 }  // namespace rune
 }  // namespace velmora
 
-#endif  // VELMORA_RUNE_SDP_SRC_SESSION_PRECONDITION_RULES_H
+#endif  // VELMORA_RUNE_SDP_SRC_STREAM_PRECONDITION_RULES_H

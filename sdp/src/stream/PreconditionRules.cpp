@@ -1,4 +1,4 @@
-#include "session/PreconditionRules.h"
+#include "stream/PreconditionRules.h"
 
 #include "stream/StreamBuilder.h"
 
