@@ -28,11 +28,6 @@ Row mirrored(Row row) {
     return row;
 }
 
-// Never lower than offered; failure and unknown are not strengths to raise.
-Strength atLeast(Strength offered, Strength wanted) {
-    return offered > Strength::Mandatory ? offered : std::max(offered, wanted);
-}
-
 // Whether the rows have a qos row of the segmented model, where this side reports its own
 // segment.
 bool hasQosSegments(const Preconditions& preconditions) {
@@ -88,7 +83,8 @@ Preconditions answerPreconditions(const Preconditions& offered, StreamConfig::Di
         Row answered = mirrored(row);
         if (answered.kind == Kind::Desired) {
             const bool own = answered.type == kQos && answered.statusType == StatusType::Local;
-            answered.strength = atLeast(answered.strength, own ? strength : Strength::None);
+            // Never lower than offered; failure and unknown, last in Strength, stay.
+            answered.strength = std::max(answered.strength, own ? strength : Strength::None);
         }
         answer.add(answered);
     }

@@ -36,8 +36,8 @@ namespace sdp {
 enum class Role { Offerer, Answerer };
 
 // The strength of a desired precondition (RFC 3312 section 5). Failure and Unknown are what an
-// answer may say about a precondition it cannot meet or does not know; this side desires None,
-// Optional or Mandatory.
+// answer may say about a precondition it cannot meet or does not know, kept as they are; this
+// side desires None, Optional or Mandatory. Stronger values come later.
 enum class Strength { None, Optional, Mandatory, Failure, Unknown };
 
 // The RFC 3312 precondition rows of a stream (a=curr, a=des, a=conf), seen from this side:
