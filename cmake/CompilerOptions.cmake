@@ -15,17 +15,24 @@ if(RUNE_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# A shared library of the project: its sources are src/**/*.cpp, its public headers include/.
+# A shared library of the project: its sources are src/**/*.cpp but those listed after BUILT_APART
+# (compiled by a target of their own), its public headers include/. Its file carries the project's
+# version; its SONAME the interface version given after SOVERSION, which changes only when clients
+# must be built again.
 # Everything is hidden unless a public header says otherwise (each wraps its declarations in
 # "#pragma GCC visibility push(default)"), so a private header needs no mark of its own; the
 # export map then keeps the standard library's instances out (cmake/exports.map).
 function(rune_shared_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 library "" "SOVERSION" "BUILT_APART")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/*.cpp)
+  foreach(source ${library_BUILT_APART})
+    list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${source})
+  endforeach()
   add_library(${name} SHARED ${sources})
   add_library(RuneCommon::${name} ALIAS ${name})
   set_target_properties(${name} PROPERTIES
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR}
+    SOVERSION ${library_SOVERSION}
     EXPORT_NAME ${name}
     CXX_VISIBILITY_PRESET hidden
     LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)

@@ -4,8 +4,8 @@
 // offer, and accepted as the answer to the offer rune-sdp writes by default; an offer is written
 // from the chosen capabilities, answered from them and its answer accepted, which must succeed.
 // Whatever the bytes: a refusal leaves the outputs as they were, every body written reads again,
-// and nothing the library returns for printing holds a control byte other than a tab (and, in
-// bodies, the CRLF that ends each line).
+// and everything the library returns for printing is printable as rune-sdp prints (in bodies, but
+// for the CRLF that ends each line).
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/Dtmf.h>
 #include <velmora/rune/StreamCapabilities.h>
@@ -14,12 +14,14 @@
 
 #include "DefaultCapabilities.h"
 #include "Require.h"
+#include "syntax/Printable.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -28,18 +30,11 @@ using namespace velmora::rune;
 
 const char* const kSession = "v=0\r\no=- 0 0 IN IP4 192.0.2.1\r\ns=-\r\nt=0 0\r\n";
 
-bool printable(const std::string& text) {
-    for (const char c : text) {
-        if ((static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F) return false;
-    }
-    return true;
-}
-
 // Lines ended by CRLF, printable between them.
 bool isBody(const std::string& body) {
     size_t start = 0;
     for (size_t end = body.find("\r\n"); end != std::string::npos; end = body.find("\r\n", start)) {
-        if (!printable(body.substr(start, end - start))) return false;
+        if (!sdp::isPrintable(std::string_view(body).substr(start, end - start))) return false;
         start = end + 2;
     }
     return !body.empty() && start == body.size();
@@ -66,7 +61,7 @@ struct Outputs {
 
 // A refusal prints safely and leaves the outputs alone; a written body reads again.
 bool written(const sdp::Result& result, const Outputs& out) {
-    REQUIRE(printable(result.format()));
+    REQUIRE(sdp::isPrintable(result.format()));
     if (result.isFailure()) {
         REQUIRE(out.untouched());
         return false;
@@ -114,12 +109,13 @@ StreamCapabilities localCapabilities(FuzzedDataProvider& in) {
 void readAndWrite(const std::string& description) {
     Outputs read;
     const sdp::Result result = sdp::readRemoteDescription(description, read.stream, read.skipped);
-    REQUIRE(printable(result.format()));
+    REQUIRE(sdp::isPrintable(result.format()));
     if (result.isFailure()) {
         REQUIRE(read.untouched());
         return;
     }
-    for (const sdp::SkippedFormat& format : read.skipped) REQUIRE(printable(format.encoding));
+    for (const sdp::SkippedFormat& format : read.skipped)
+        REQUIRE(sdp::isPrintable(format.encoding));
     const StreamConfig& stream = read.stream;
     const std::string media =
         sdp::writeMediaDescription(stream, stream.getRemoteIp(), stream.getRemoteRtpPort());
@@ -155,7 +151,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }();
     Outputs accepted;
     const sdp::Result acceptance = sdp::acceptAnswer(kDefaultOffer, description, accepted.stream);
-    REQUIRE(printable(acceptance.format()) && (acceptance.isSuccess() || accepted.untouched()));
+    REQUIRE(sdp::isPrintable(acceptance.format()) &&
+            (acceptance.isSuccess() || accepted.untouched()));
 
     Outputs offered;
     if (!written(sdp::createOffer(local, localIp, localPort, origin, offered.body), offered)) {

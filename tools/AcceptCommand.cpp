@@ -1,6 +1,8 @@
 // rune-sdp accept OFFER ANSWER: the stream that the answer to an offer of this side negotiates.
 #include "Command.h"
 
+#include <iostream>
+
 namespace velmora {
 namespace rune {
 namespace tools {
@@ -23,10 +25,10 @@ int runAccept(int argc, char** argv) {
     StreamConfig negotiated;
     const sdp::Result result = sdp::acceptAnswer(offer, answer, negotiated);
     if (result.isFailure()) {
-        printResult(result);
+        printResult(std::cout, result);
         return kFailureStatus;
     }
-    return printStream(negotiated);
+    return printStream(std::cout, negotiated);
 }
 
 }  // namespace

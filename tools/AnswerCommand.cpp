@@ -3,6 +3,8 @@
 #include "Command.h"
 #include "DefaultCapabilities.h"
 
+#include <iostream>
+
 namespace velmora {
 namespace rune {
 namespace tools {
@@ -27,13 +29,13 @@ int runAnswer(int argc, char** argv) {
     const sdp::Result result = sdp::answerOffer(offer, defaultCapabilities(), options.address,
                                                 options.port, options.origin, negotiated, body);
     if (result.isFailure()) {
-        printResult(result);
+        printResult(std::cerr, result);
         return kFailureStatus;
     }
     if (!deliverBody(options, body)) {
         return kUsageStatus;
     }
-    return printStream(negotiated);
+    return printStream(std::cerr, negotiated);
 }
 
 }  // namespace
@@ -42,9 +44,9 @@ const Command kAnswerCommand = {
     "answer",
     "[--address A] [--port P] [--session-id N] [--session-version N] [-o FILE] [FILE|-]",
     "Answers the offer in FILE with the default local capabilities (AMR-WB and AMR with every\n"
-    "mode, telephone-event in both bands, RTP/AVP and RTP/AVPF) and prints the answer, the\n"
-    "negotiated stream and the result of its check. A refused offer prints only the refusal,\n"
-    "and -o writes no FILE then.\n",
+    "mode, telephone-event in both bands, RTP/AVP and RTP/AVPF): writes the answer to standard\n"
+    "output (or -o FILE), and the negotiated stream and the result of its check to standard\n"
+    "error. A refused offer writes only the refusal, to standard error, and -o no FILE.\n",
     kBodyOptionsHelp,
     "Exit status: 0 the negotiated stream passes its check; 1 a refused offer, a stream that\n"
     "fails its check, or standard output not writable; 2 a usage error, an input that cannot be\n"

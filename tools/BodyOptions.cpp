@@ -19,6 +19,8 @@ enum : int {
     kSessionVersionOption,
 };
 
+// The ports the model takes for RTP.
+const uint64_t kMinPort = 1024;
 const uint64_t kMaxPort = 65535;
 
 // Decimal digits only, at most max; no sign, no blanks.
@@ -45,11 +47,12 @@ bool parseDecimal(const std::string& text, uint64_t max, uint64_t& value) {
 
 const char* const kBodyOptionsHelp =
     "  --address A          the local address, IPv4 or IPv6 (default 127.0.0.1)\n"
-    "  --port P             the local RTP port, 1-65535 (default 49150)\n"
+    "  --port P             the local RTP port, 1024-65535 (default 49150)\n"
     "  --session-id N       the o= session id, 0 to 18446744073709551615\n"
     "                       (default: the current time in seconds since 1970)\n"
     "  --session-version N  the o= session version, 0 to 18446744073709551615 (default 1)\n"
-    "  -o, --output FILE    write the body to FILE, lines ended by CRLF, instead of printing it\n"
+    "  -o, --output FILE    write the body to FILE instead of standard output (- for standard\n"
+    "                       output); FILE is replaced whole, or left as it was\n"
     "  -h, --help           this help\n";
 
 int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions& options) {
@@ -73,20 +76,21 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
                 return printHelp(command);
             case kAddressOption:
                 if (!Utils::isValidIpV4(value) && !Utils::isValidIpV6(value)) {
-                    return usageError(&command, "bad address (IPv4 or IPv6): " + value);
+                    return usageError(&command, "bad address (IPv4 or IPv6): " + sdp::quote(value));
                 }
                 options.address = value;
                 break;
             case kPortOption:
-                if (!parseDecimal(value, kMaxPort, number) || number == 0) {
-                    return usageError(&command, "bad port (1-65535): " + value);
+                if (!parseDecimal(value, kMaxPort, number) || number < kMinPort) {
+                    return usageError(&command, "bad port (1024-65535): " + sdp::quote(value));
                 }
                 options.port = static_cast<int>(number);
                 break;
             case kSessionIdOption:
             case kSessionVersionOption:
                 if (!parseDecimal(value, kMaxDecimal, number)) {
-                    return usageError(&command, "bad number (0-18446744073709551615): " + value);
+                    return usageError(&command,
+                                      "bad number (0-18446744073709551615): " + sdp::quote(value));
                 }
                 (result == kSessionIdOption ? options.origin.sessionId
                                             : options.origin.sessionVersion) = number;
@@ -101,7 +105,7 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
                 return optionError(command, result, argv);
         }
     }
-    return -1;
+    return checkOptionsEnded(command, argc, argv);
 }
 
 }  // namespace tools

@@ -1,5 +1,6 @@
 #include "Command.h"
 
+#include <cstring>
 #include <iostream>
 
 namespace velmora {
@@ -37,7 +38,9 @@ void printToolHelp() {
                  "  accept OFFER ANSWER        the stream negotiated by the answer to our offer\n"
                  "\n"
                  "A FILE is read, or standard input for - or no FILE; input lines may end in CRLF\n"
-                 "or LF, and an input longer than 64 KiB is refused. Options come before FILE,\n"
+                 "or LF, and an input longer than 64 KiB is refused. Bodies are written with CRLF\n"
+                 "line ends. Standard output carries the command's product only: the body of\n"
+                 "offer and answer, the stream of describe and accept. Options come before FILE,\n"
                  "as --option value or --option=value; -- ends them. 'rune-sdp COMMAND --help'\n"
                  "describes a command and its options.\n"
                  "\n"
@@ -75,20 +78,34 @@ int nextOption(int argc, char** argv, const char* shortOptions, const option* lo
 int optionError(const Command& command, int result, char** argv) {
     // optind has moved past the argument at fault, except for an unknown short option inside a
     // group, which optopt names.
-    const std::string argument = argv[optind - 1];
+    const std::string argument = sdp::quote(argv[optind - 1]);
     if (result == ':') {
         return usageError(&command, "missing value for " + argument);
     }
     const bool shortOption = optopt > 0 && optopt < kLongOnly;
-    return usageError(&command, "unknown option: " +
-                                    (shortOption ? "-" + std::string(1, char(optopt)) : argument));
+    return usageError(
+        &command, "unknown option: " +
+                      (shortOption ? sdp::quote("-" + std::string(1, char(optopt))) : argument));
+}
+
+int checkOptionsEnded(const Command& command, int argc, char** argv) {
+    // After "--" every argument is an operand, whatever it looks like.
+    if (optind > 1 && std::strcmp(argv[optind - 1], "--") == 0) {
+        return -1;
+    }
+    for (int index = optind + 1; index < argc; ++index) {
+        if (argv[index][0] == '-' && argv[index][1] != '\0') {
+            return usageError(&command, "options come before FILE");
+        }
+    }
+    return -1;
 }
 
 int parseHelpOnly(const Command& command, int argc, char** argv) {
     static const option kOptions[] = {{"help", no_argument, nullptr, kHelpOption}, {}};
     const int result = nextOption(argc, argv, "+:h", kOptions);
     if (result == -1) {
-        return -1;
+        return checkOptionsEnded(command, argc, argv);
     }
     if (result == 'h' || result == kHelpOption) {
         return printHelp(command);

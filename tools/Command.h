@@ -6,10 +6,13 @@
 
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "syntax/Printable.h"
+
 #include <getopt.h>
 
 #include <cstdint>
 #include <ctime>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -51,7 +54,8 @@ const std::vector<const Command*>& commands();
 void printToolHelp();
 
 // Writes message and the usage lines to standard error (the command's, or every command's for
-// nullptr); returns kUsageStatus.
+// nullptr); returns kUsageStatus. Arguments and file names in any message the tool writes go
+// through sdp::quote, so that what is printed cannot drive a terminal.
 int usageError(const Command* command, const std::string& message);
 
 // Prints the command's usage line and help to standard output; returns 0.
@@ -69,6 +73,9 @@ int nextOption(int argc, char** argv, const char* shortOptions, const option* lo
 // The usage error for what nextOption returned as '?' or ':'.
 int optionError(const Command& command, int result, char** argv);
 
+// After the options: the usage error for an option that follows an operand (returned), or -1.
+int checkOptionsEnded(const Command& command, int argc, char** argv);
+
 // Parses a command that has no option but -h/--help. Returns -1 when the command should run,
 // with optind at its first operand, else the exit status.
 int parseHelpOnly(const Command& command, int argc, char** argv);
@@ -79,7 +86,7 @@ struct BodyOptions {
     int port = 49150;
     // Session id: seconds since 1970 (RFC 8866 suggests a time stamp); version 1.
     sdp::Origin origin{"-", static_cast<uint64_t>(std::time(nullptr)), 1};
-    // Empty: the body is printed.
+    // Empty or "-": the body goes to standard output.
     std::string output;
 };
 
@@ -92,15 +99,16 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
 // read.
 bool readInput(const std::string& path, std::string& text);
 
-// Prints or writes a body the library wrote (CRLF): printed with LF, written to a file as it is.
-// False, after a message on standard error, when the file cannot be written.
+// Writes a body the library wrote, as it is (CRLF), to standard output or to the output FILE:
+// FILE is replaced whole or not at all. False, after a message on standard error, when the file
+// cannot be written.
 bool deliverBody(const BodyOptions& options, const std::string& body);
 
 // Prints a result line.
-void printResult(const StreamConfig::Result& result);
+void printResult(std::ostream& out, const StreamConfig::Result& result);
 
 // Prints the stream and the format() line of its check(); the exit status that goes with it.
-int printStream(const StreamConfig& stream);
+int printStream(std::ostream& out, const StreamConfig& stream);
 
 // Flushes standard output; false, after a message on standard error, when it could not be written.
 bool flushStandardOutput();

@@ -25,14 +25,14 @@ int runDescribe(int argc, char** argv) {
     std::vector<sdp::SkippedFormat> skipped;
     const sdp::Result result = sdp::readRemoteDescription(text, stream, skipped);
     if (result.isFailure()) {
-        printResult(result);
+        printResult(std::cout, result);
         return kFailureStatus;
     }
     for (const sdp::SkippedFormat& format : skipped) {
         std::cout << "Skipped payload type " << format.payloadType << ": "
                   << (format.encoding.empty() ? "no rtpmap" : format.encoding) << "\n";
     }
-    return printStream(stream);
+    return printStream(std::cout, stream);
 }
 
 }  // namespace

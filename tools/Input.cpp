@@ -32,7 +32,8 @@ bool readInput(const std::string& path, std::string& text) {
         }
     }
     if (error != 0) {
-        std::cerr << "rune-sdp: cannot read " << (standardInput ? "standard input" : path) << ": "
+        std::cerr << "rune-sdp: cannot read "
+                  << (standardInput ? "standard input" : sdp::quote(path)) << ": "
                   << std::strerror(error) << "\n";
         return false;
     }

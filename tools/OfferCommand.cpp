@@ -2,6 +2,8 @@
 #include "Command.h"
 #include "DefaultCapabilities.h"
 
+#include <iostream>
+
 namespace velmora {
 namespace rune {
 namespace tools {
@@ -21,7 +23,7 @@ int runOffer(int argc, char** argv) {
     const sdp::Result result = sdp::createOffer(defaultCapabilities(), options.address,
                                                 options.port, options.origin, body);
     if (result.isFailure()) {
-        printResult(result);
+        printResult(std::cerr, result);
         return kFailureStatus;
     }
     return deliverBody(options, body) ? 0 : kUsageStatus;
@@ -32,9 +34,9 @@ int runOffer(int argc, char** argv) {
 const Command kOfferCommand = {
     "offer",
     "[--address A] [--port P] [--session-id N] [--session-version N] [-o FILE]",
-    "Prints an offer of the default local capabilities: AMR-WB, then AMR, each as a\n"
-    "bandwidth-efficient and an octet-aligned payload type, then telephone-event in both "
-    "bands.\n",
+    "Writes an offer of the default local capabilities to standard output (or -o FILE): AMR-WB,\n"
+    "then AMR, each as a bandwidth-efficient and an octet-aligned payload type, then\n"
+    "telephone-event in both bands.\n",
     kBodyOptionsHelp,
     "Exit status: 0 the offer was written; 1 standard output not writable; 2 a usage error or a\n"
     "FILE that cannot be written.\n",

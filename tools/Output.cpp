@@ -1,6 +1,9 @@
 #include "Command.h"
 
-#include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -12,40 +15,81 @@ namespace tools {
 
 namespace {
 
-bool writeFile(const std::string& path, const std::string& body) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    bool written = file != nullptr;
-    if (written) {
-        written = std::fwrite(body.data(), 1, body.size(), file) == body.size();
-        written = std::fclose(file) == 0 && written;
+// False with errno set when the body could not be written whole.
+bool writeAll(int descriptor, const std::string& body) {
+    size_t done = 0;
+    while (done < body.size()) {
+        const ssize_t written = ::write(descriptor, body.data() + done, body.size() - done);
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            errno = written == 0 ? EIO : errno;
+            return false;
+        }
+        done += static_cast<size_t>(written);
     }
-    if (!written) {
-        std::cerr << "rune-sdp: cannot write " << path << ": " << std::strerror(errno) << "\n";
+    return true;
+}
+
+// The permissions a file created the ordinary way gets.
+mode_t newFileMode() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+// Writes body to a new file beside path and renames it over path, so that path holds either what
+// it held or the whole body. False with errno set, the new file removed, when anything fails.
+bool replaceFile(const std::string& path, const std::string& body) {
+    // npos + 1 is 0: a path without a folder.
+    const size_t nameStart = path.rfind('/') + 1;
+    std::string temporary = path.substr(0, nameStart) + "." + path.substr(nameStart) + ".XXXXXX";
+    const int descriptor = ::mkstemp(temporary.data());
+    if (descriptor < 0) {
+        return false;
     }
-    return written;
+    const bool written = ::fchmod(descriptor, newFileMode()) == 0 && writeAll(descriptor, body) &&
+                         ::fsync(descriptor) == 0;
+    int error = written ? 0 : errno;
+    if (::close(descriptor) != 0 && error == 0) {
+        error = errno;
+    }
+    if (error == 0 && ::rename(temporary.c_str(), path.c_str()) != 0) {
+        error = errno;
+    }
+    if (error == 0) {
+        return true;
+    }
+    ::unlink(temporary.c_str());
+    errno = error;
+    return false;
 }
 
 }  // namespace
 
 bool deliverBody(const BodyOptions& options, const std::string& body) {
-    if (!options.output.empty()) {
-        return writeFile(options.output, body);
+    if (options.output.empty() || options.output == "-") {
+        // Before anything goes to standard error, so that a terminal shows them in that order.
+        std::cout << body << std::flush;
+        return true;
     }
-    // The library ends every line with CRLF; the tool prints with LF.
-    std::string text = body;
-    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
-    std::cout << text;
-    return true;
+    if (replaceFile(options.output, body)) {
+        return true;
+    }
+    std::cerr << "rune-sdp: cannot write " << sdp::quote(options.output) << ": "
+              << std::strerror(errno) << "\n";
+    return false;
 }
 
-void printResult(const StreamConfig::Result& result) {
-    std::cout << result.format() << "\n";
+void printResult(std::ostream& out, const StreamConfig::Result& result) {
+    out << result.format() << "\n";
 }
 
-int printStream(const StreamConfig& stream) {
+int printStream(std::ostream& out, const StreamConfig& stream) {
     const StreamConfig::Result check = stream.check();
-    std::cout << stream.toString();
-    printResult(check);
+    out << stream.toString();
+    printResult(out, check);
     return check.isSuccess() ? 0 : kFailureStatus;
 }
 

@@ -1,6 +1,7 @@
 // rune-sdp COMMAND [OPTIONS] [FILE...]: session descriptions through librunesdp.
 #include "Command.h"
 
+#include <csignal>
 #include <iostream>
 #include <new>
 #include <string>
@@ -28,7 +29,7 @@ int run(int argc, char** argv) {
         return 0;
     }
     if (result != -1) {
-        return usageError(nullptr, "unknown option: " + std::string(argv[optind - 1]));
+        return usageError(nullptr, "unknown option: " + sdp::quote(argv[optind - 1]));
     }
     if (optind == argc) {
         return usageError(nullptr, "no command given");
@@ -42,7 +43,7 @@ int run(int argc, char** argv) {
             return command->run(argc - first, argv + first);
         }
     }
-    return usageError(nullptr, "unknown command: " + name);
+    return usageError(nullptr, "unknown command: " + sdp::quote(name));
 }
 
 }  // namespace
@@ -52,6 +53,9 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace velmora::rune::tools;
+    // A file size limit then fails a write (EFBIG) instead of ending the tool, so that an output
+    // FILE keeps what it held and the new file beside it is removed.
+    std::signal(SIGXFSZ, SIG_IGN);
     int status;
     try {
         status = run(argc, argv);

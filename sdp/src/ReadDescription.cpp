@@ -5,6 +5,7 @@
 #include "amr/AmrFmtp.h"
 #include "read/SectionReader.h"
 #include "stream/StreamBuilder.h"
+#include "syntax/Printable.h"
 #include "syntax/SessionDescription.h"
 
 namespace velmora {

@@ -1,5 +1,6 @@
 # Installs the build into a fresh prefix, then builds and runs a client against it twice: through
-# find_package(RuneCommon) and through pkg-config. The installed rune-sdp runs from the prefix.
+# find_package(RuneCommon) and through pkg-config. The installed rune-sdp runs from the prefix, and
+# tells the version that the packages and the libraries carry.
 set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR})
 
@@ -40,3 +41,14 @@ run(${prefix}/bin/rune-sdp describe ${SAMPLE})
 if(NOT output MATCHES "\nSuccess\n$")
   message(FATAL_ERROR "unexpected output of the installed rune-sdp:\n${output}")
 endif()
+
+# One version: the tool's, the packages' and the one in the libraries' file names.
+run(${prefix}/bin/rune-sdp --version)
+string(REGEX REPLACE "^rune-sdp ([0-9.]+)\n$" "\\1" version "${output}")
+foreach(module runecommon runesdp)
+  run(pkg-config --modversion ${module})
+  file(GLOB_RECURSE library ${prefix}/lib${module}.so.${version})
+  if(NOT output STREQUAL "${version}\n" OR NOT library)
+    message(FATAL_ERROR "${module} does not carry version ${version} of rune-sdp --version")
+  endif()
+endforeach()

@@ -58,9 +58,12 @@ Result readAgreedPreconditions(const std::string& offer, const std::string& answ
 
 }  // namespace
 
+// The public signature takes references, as the free functions do.
+// NOLINTBEGIN(modernize-pass-by-value)
 Session::Session(const StreamCapabilities& local, const std::string& localIp, int localPort,
                  const Origin& origin)
     : mLocal(local), mLocalIp(localIp), mLocalPort(localPort), mOrigin(origin) {}
+// NOLINTEND(modernize-pass-by-value)
 
 Result Session::createOffer(std::string& offer) {
     if (!mOutstanding.empty()) {

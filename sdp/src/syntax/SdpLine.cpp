@@ -1,43 +1,10 @@
 #include "syntax/SdpLine.h"
 
-#include <algorithm>
+#include "syntax/Printable.h"
 
 namespace velmora {
 namespace rune {
 namespace sdp {
-
-namespace {
-
-// Enough for a reader to recognise the line; the rest could be anything up to the size limit.
-const size_t kQuotedCharacters = 120;
-
-bool isControl(char c) {
-    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
-}
-
-}  // namespace
-
-bool isShownAsIs(std::string_view text) {
-    return text.size() <= kQuotedCharacters && std::none_of(text.begin(), text.end(), isControl);
-}
-
-void appendQuoted(std::string& out, std::string_view text) {
-    static const char kHex[] = "0123456789ABCDEF";
-    const std::string_view shown = text.substr(0, kQuotedCharacters);
-    for (char c : shown) {
-        if (isControl(c)) {
-            const auto byte = static_cast<unsigned char>(c);
-            out += "\\x";
-            out += kHex[byte >> 4];
-            out += kHex[byte & 0xF];
-        } else {
-            out += c;
-        }
-    }
-    if (shown.size() < text.size()) {
-        out += "...";
-    }
-}
 
 StreamConfig::Result atLine(const Line& line, StreamConfig::Result result) {
     std::string message;

@@ -184,12 +184,6 @@ inline StreamConfig::Result successResult() {
     return {StreamConfig::Success};
 }
 
-// Untrusted text as refusals and skipped formats show it: bytes below 0x20 other than tab, and
-// 0x7F, as \xHH; at most the first 120 characters, then "..." when there are more.
-void appendQuoted(std::string& out, std::string_view text);
-// True when appendQuoted would append text unchanged.
-bool isShownAsIs(std::string_view text);
-
 // A refusal whose context is the line; its message and the line quoted.
 StreamConfig::Result atLine(const Line& line, StreamConfig::Result result);
 StreamConfig::Result atLine(const Line& line, const CodecConfig::Result& result);

@@ -1,5 +1,6 @@
 #include "write/LineWriter.h"
 
+#include "syntax/Printable.h"
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
