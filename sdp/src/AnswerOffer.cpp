@@ -198,7 +198,7 @@ std::string_view timing(const Description& offer) {
 // One m= line per offered one: the chosen section answered, every other one rejected.
 void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
                  const StreamConfig& stream, const std::string& localIp, int localPort,
-                 const Origin& origin, const Preconditions* preconditions, std::string& text) {
+                 const Origin& origin, const Preconditions& preconditions, std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, timing(offer));
     SectionCursor sections = offer.sections();
@@ -206,7 +206,7 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
     while (sections.next(section)) {
         if (section.index == remote.section.index) {
             writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp, EventsFmtp::Left,
-                             preconditions);
+                             &preconditions);
             continue;
         }
         writeRejectedMedia(writer, section);
@@ -233,7 +233,7 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
         result = chooseSection(parsed, local, rules.agreed, remote, choice);
     }
     Preconditions offered;
-    if (result.isSuccess() && rules.preconditions != nullptr) {
+    if (result.isSuccess()) {
         // The section as the syntax walk gave it has no body yet.
         MediaSection section;
         (void)parsed.section(remote.section.index, section);
@@ -250,13 +250,13 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
         return result;
     }
     // Nothing below refuses: the answer is written in place.
-    if (rules.preconditions != nullptr) {
-        *rules.preconditions = answerPreconditions(offered, rules.qosStatus, rules.qosStrength);
-    }
+    Preconditions answered = answerPreconditions(offered, rules.qosStatus, rules.qosStrength);
     std::string text;
     text.reserve(kBodyReserve);
-    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, rules.preconditions,
-                text);
+    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, answered, text);
+    if (rules.preconditions != nullptr) {
+        *rules.preconditions = std::move(answered);
+    }
     answer.swap(text);
     return result;
 }

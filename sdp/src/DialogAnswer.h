@@ -20,12 +20,11 @@ struct DialogRules {
     StreamConfig::Direction localDirection = StreamConfig::DirectionFullDuplex;
     // Kept when the offer still lists them for their codecs and local accepts them.
     AgreedFormats agreed;
-    // When given, the offer's precondition rows are read (and refused as readPreconditions
-    // refuses an offer's, after the stream's values) and answered from this side's status and
-    // strength; the answered rows, seen from this side, go there.
-    Preconditions* preconditions = nullptr;
+    // The offer's precondition rows are answered from this side's status and strength (RFC
+    // 3312); the answered rows, seen from this side, go to preconditions when it is given.
     StreamConfig::Direction qosStatus = StreamConfig::DirectionInactive;
     Strength qosStrength = Strength::None;
+    Preconditions* preconditions = nullptr;
 };
 
 // answerOffer under rules; answerOffer itself answers under the default ones.

@@ -60,13 +60,18 @@ StreamConfig::Result readPreconditions(const MediaSection& section, Precondition
     LineCursor lines = section.lines();
     Line line;
     while (section.port != 0 && lines.next(line)) {
+        // a=curr, a=des and a=conf only: most lines of a section go at their third byte.
+        const std::string_view text = line.text;
+        if (text.size() < 3 || text[0] != 'a' || (text[2] != 'c' && text[2] != 'd')) {
+            continue;
+        }
         std::string_view name;
         std::string_view value;
         Description::splitAttribute(line, name, value);
         // Attribute names are compared as written, as the other attributes are.
         const auto* const kind =
             std::find(kPreconditionKindWords.begin(), kPreconditionKindWords.end(), name);
-        if (line.type() != 'a' || kind == kPreconditionKindWords.end()) {
+        if (kind == kPreconditionKindWords.end()) {
             continue;
         }
         Preconditions::Row row;

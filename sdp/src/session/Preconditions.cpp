@@ -1,5 +1,6 @@
 #include <velmora/rune/sdp/Session.h>
 
+#include "stream/PreconditionRules.h"
 #include "write/LineWriter.h"
 #include "write/PreconditionLines.h"
 
@@ -11,21 +12,15 @@ namespace sdp {
 
 namespace {
 
+// Both segments' a=curr and a=des, and an a=conf or two.
+const size_t kUsualRows = 8;
+
 // The order a body writes rows in: by kind, then local, remote, e2e.
 int rank(const Preconditions::Row& row) {
     const int status = row.statusType == Preconditions::StatusType::Local    ? 0
                        : row.statusType == Preconditions::StatusType::Remote ? 1
                                                                              : 2;
     return static_cast<int>(row.kind) * 3 + status;
-}
-
-// Whether have reserves every direction that want asks for: the model numbers send and receive
-// as one bit each.
-bool covers(StreamConfig::Direction have, StreamConfig::Direction want) {
-    static_assert(StreamConfig::DirectionFullDuplex ==
-                      (StreamConfig::DirectionSendOnly | StreamConfig::DirectionReceiveOnly),
-                  "a direction is its send and receive bits");
-    return (static_cast<int>(want) & ~static_cast<int>(have)) == 0;
 }
 
 }  // namespace
@@ -59,6 +54,10 @@ void Preconditions::add(const Row& row) {
     if (same != nullptr) {
         mRows[static_cast<size_t>(same - mRows.data())] = row;
         return;
+    }
+    if (mRows.capacity() == 0) {
+        // Room for a usual answer's rows, in one allocation.
+        mRows.reserve(kUsualRows);
     }
     const auto place = std::find_if(mRows.begin(), mRows.end(),
                                     [&row](const Row& kept) { return rank(kept) > rank(row); });

@@ -110,7 +110,7 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
     if (result.isFailure()) {
         return result;
     }
-    agree(mOutstanding, answer, Role::Offerer, stream, preconditions);
+    agree(mOutstanding, answer, Role::Offerer, stream, std::move(preconditions));
     mOutstanding.clear();
     negotiated = stream;
     return result;
@@ -148,7 +148,7 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return result;
     }
     send(text);
-    agree(offer, text, Role::Answerer, stream, preconditions);
+    agree(offer, text, Role::Answerer, stream, std::move(preconditions));
     negotiated = stream;
     answer.swap(text);
     return result;
@@ -230,7 +230,7 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mVersion = origin.version;
     restored.mOriginTail = origin.tail;
     restored.mLastSent = sent;
-    restored.agree(offer, answer, role, stream, preconditions);
+    restored.agree(offer, answer, role, stream, std::move(preconditions));
     session = restored;
     return result;
 }
@@ -257,12 +257,12 @@ void Session::send(std::string& body) {
 }
 
 void Session::agree(const std::string& offer, const std::string& answer, Role role,
-                    const StreamConfig& stream, const Preconditions& preconditions) {
+                    const StreamConfig& stream, Preconditions preconditions) {
     mAgreedOffer = offer;
     mAgreedAnswer = answer;
     mAgreedRole = role;
     mAgreedStream = stream;
-    mPreconditions = preconditions;
+    mPreconditions = std::move(preconditions);
     mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
     Description parsed;
     (void)Description::parse(offer, parsed);

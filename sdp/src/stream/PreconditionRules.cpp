@@ -43,19 +43,16 @@ void setLocalStatus(Preconditions& preconditions, StreamConfig::Direction status
 
 // RFC 3312 section 6: a mandatory remote segment that is not reserved yet asks for confirmation.
 void askConfirmation(Preconditions& answer) {
-    const Preconditions rows = answer;
-    for (const Row& row : rows.rows()) {
+    // The a=conf rows go after every other row: the rows before them keep their places.
+    const size_t count = answer.rows().size();
+    for (size_t i = 0; i < count; ++i) {
+        const Row& row = answer.rows()[i];
         if (row.kind != Kind::Desired || row.strength != Strength::Mandatory ||
             row.statusType != StatusType::Remote) {
             continue;
         }
-        Preconditions alone;
-        alone.add(row);
-        const Row* current = rows.find(Kind::Current, row.type, StatusType::Remote);
-        if (current != nullptr) {
-            alone.add(*current);
-        }
-        if (!alone.met()) {
+        const Row* current = answer.find(Kind::Current, row.type, StatusType::Remote);
+        if (current == nullptr || !covers(current->direction, row.direction)) {
             answer.add(
                 Row{Kind::Confirmed, row.type, Strength::None, StatusType::Remote, row.direction});
         }
@@ -63,6 +60,13 @@ void askConfirmation(Preconditions& answer) {
 }
 
 }  // namespace
+
+bool covers(StreamConfig::Direction have, StreamConfig::Direction want) {
+    static_assert(StreamConfig::DirectionFullDuplex ==
+                      (StreamConfig::DirectionSendOnly | StreamConfig::DirectionReceiveOnly),
+                  "a direction is its send and receive bits");
+    return (static_cast<int>(want) & ~static_cast<int>(have)) == 0;
+}
 
 Preconditions mirrorPreconditions(const Preconditions& preconditions) {
     Preconditions seen;

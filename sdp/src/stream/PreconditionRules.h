@@ -10,6 +10,9 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
+// Whether have reserves every direction that want asks for.
+bool covers(StreamConfig::Direction have, StreamConfig::Direction want);
+
 // The rows as the other side sees them: local and remote swapped, send and recv swapped.
 Preconditions mirrorPreconditions(const Preconditions& preconditions);
 

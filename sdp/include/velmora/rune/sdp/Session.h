@@ -135,7 +135,7 @@ class Session {
     void send(std::string& body);
     // The exchange of offer and answer is agreed on stream.
     void agree(const std::string& offer, const std::string& answer, Role role,
-               const StreamConfig& stream, const Preconditions& preconditions);
+               const StreamConfig& stream, Preconditions preconditions);
     bool hasAgreed() const { return !mAgreedOffer.empty(); }
 
     StreamCapabilities mLocal;
