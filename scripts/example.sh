@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs the example program, then the call set-up of the
-# README with rune-sdp: an offer, its answer and the stream the offerer accepts. The two bodies
-# stay in build/o.sdp and build/a.sdp.
+# README with rune-sdp: an offer, its answer and the stream the offerer accepts, then a hold and
+# a resume. The bodies stay in build/: o.sdp and a.sdp, hold.sdp and hold-answer.sdp, resume.sdp
+# and resume-answer.sdp.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -36,3 +37,37 @@ heading "build/a.sdp, the answer"
 cat build/a.sdp
 heading "What accept prints: the stream the offerer sets up"
 $rune_sdp accept build/o.sdp build/a.sdp
+
+heading "A hold and a resume in five more commands"
+# Runs an answer, its stream (standard error) shown only when answering fails.
+answer_to() {
+  local out=$1
+  shift
+  echo "\$ $rune_sdp answer $* > $out"
+  if ! log=$($rune_sdp answer "$@" 2>&1 >"$out"); then
+    echo "$log" >&2
+    exit 1
+  fi
+}
+echo "\$ $rune_sdp offer --our-offer build/o.sdp --their-answer build/a.sdp --direction sendonly" \
+  "-o build/hold.sdp"
+$rune_sdp offer --our-offer build/o.sdp --their-answer build/a.sdp --direction sendonly \
+  -o build/hold.sdp
+answer_to build/hold-answer.sdp --their-offer build/o.sdp --our-answer build/a.sdp build/hold.sdp
+echo "\$ $rune_sdp offer --our-offer build/hold.sdp --their-answer build/hold-answer.sdp" \
+  "-o build/resume.sdp"
+$rune_sdp offer --our-offer build/hold.sdp --their-answer build/hold-answer.sdp -o build/resume.sdp
+answer_to build/resume-answer.sdp --their-offer build/hold.sdp --our-answer build/hold-answer.sdp \
+  build/resume.sdp
+echo "\$ $rune_sdp accept build/resume.sdp build/resume-answer.sdp"
+
+heading "build/hold.sdp, the hold re-offer"
+cat build/hold.sdp
+heading "build/hold-answer.sdp, its answer"
+cat build/hold-answer.sdp
+heading "build/resume.sdp, the resume re-offer"
+cat build/resume.sdp
+heading "build/resume-answer.sdp, its answer"
+cat build/resume-answer.sdp
+heading "What accept prints after the resume: the stream of the call set-up again"
+$rune_sdp accept build/resume.sdp build/resume-answer.sdp

@@ -1,5 +1,6 @@
 // rune-sdp accept OFFER ANSWER: the stream that the answer to an offer of this side negotiates.
 #include "Command.h"
+#include "DefaultCapabilities.h"
 
 #include <iostream>
 
@@ -22,8 +23,14 @@ int runAccept(int argc, char** argv) {
     if (!readInput(argv[optind], offer) || !readInput(argv[optind + 1], answer)) {
         return kUsageStatus;
     }
+    // The exchange as a dialog continues from it; the stream is the one it agreed.
+    sdp::Session session(defaultCapabilities(), "127.0.0.1", 49150, sdp::Origin());
     StreamConfig negotiated;
-    const sdp::Result result = sdp::acceptAnswer(offer, answer, negotiated);
+    sdp::Result result =
+        sdp::Session::restore(defaultCapabilities(), offer, answer, sdp::Role::Offerer, session);
+    if (result.isSuccess()) {
+        result = sdp::acceptAnswer(offer, answer, negotiated);
+    }
     if (result.isFailure()) {
         printResult(std::cout, result);
         return kFailureStatus;

@@ -17,6 +17,11 @@ enum : int {
     kPortOption,
     kSessionIdOption,
     kSessionVersionOption,
+    kOurOfferOption,
+    kTheirAnswerOption,
+    kTheirOfferOption,
+    kOurAnswerOption,
+    kDirectionOption,
 };
 
 // The ports the model takes for RTP.
@@ -43,6 +48,45 @@ bool parseDecimal(const std::string& text, uint64_t max, uint64_t& value) {
     return true;
 }
 
+// The attribute names of the directions, as this side declares them.
+bool parseDirection(const std::string& text, StreamConfig::Direction& direction) {
+    static const std::pair<const char*, StreamConfig::Direction> kNames[] = {
+        {"sendrecv", StreamConfig::DirectionFullDuplex},
+        {"sendonly", StreamConfig::DirectionSendOnly},
+        {"recvonly", StreamConfig::DirectionReceiveOnly},
+        {"inactive", StreamConfig::DirectionInactive},
+    };
+    for (const auto& name : kNames) {
+        if (text == name.first) {
+            direction = name.second;
+            return true;
+        }
+    }
+    return false;
+}
+
+// An exchange is two files: this side's offer and the peer's answer, or the other way round.
+int checkExchange(const Command& command, const BodyOptions& options, bool originGiven) {
+    const bool ours = !options.ourOffer.empty() || !options.theirAnswer.empty();
+    const bool theirs = !options.theirOffer.empty() || !options.ourAnswer.empty();
+    if (!ours && !theirs) {
+        return -1;
+    }
+    const bool paired =
+        ours != theirs && (ours ? !options.ourOffer.empty() && !options.theirAnswer.empty()
+                                : !options.theirOffer.empty() && !options.ourAnswer.empty());
+    if (!paired) {
+        return usageError(&command,
+                          "an exchange is --our-offer FILE --their-answer FILE, or --their-offer "
+                          "FILE --our-answer FILE");
+    }
+    if (originGiven) {
+        return usageError(&command,
+                          "--session-id and --session-version come from the exchange, not options");
+    }
+    return -1;
+}
+
 }  // namespace
 
 const char* const kBodyOptionsHelp =
@@ -51,6 +95,14 @@ const char* const kBodyOptionsHelp =
     "  --session-id N       the o= session id, 0 to 18446744073709551615\n"
     "                       (default: the current time in seconds since 1970)\n"
     "  --session-version N  the o= session version, 0 to 18446744073709551615 (default 1)\n"
+    "  --direction D        the local direction: sendrecv (default), sendonly (hold), recvonly\n"
+    "                       or inactive\n"
+    "  --our-offer FILE --their-answer FILE\n"
+    "  --their-offer FILE --our-answer FILE\n"
+    "                       the dialog's last agreed exchange, offered by this side or by the\n"
+    "                       peer: offer then writes a re-offer, answer answers a re-offer; the\n"
+    "                       o= line and, unless --address or --port, the local end are those of\n"
+    "                       the body this side sent (no --session-id, --session-version)\n"
     "  -o, --output FILE    write the body to FILE instead of standard output (- for standard\n"
     "                       output); FILE is replaced whole, or left as it was\n"
     "  -h, --help           this help\n";
@@ -61,11 +113,17 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
         {"port", required_argument, nullptr, kPortOption},
         {"session-id", required_argument, nullptr, kSessionIdOption},
         {"session-version", required_argument, nullptr, kSessionVersionOption},
+        {"direction", required_argument, nullptr, kDirectionOption},
+        {"our-offer", required_argument, nullptr, kOurOfferOption},
+        {"their-answer", required_argument, nullptr, kTheirAnswerOption},
+        {"their-offer", required_argument, nullptr, kTheirOfferOption},
+        {"our-answer", required_argument, nullptr, kOurAnswerOption},
         {"output", required_argument, nullptr, 'o'},
         {"help", no_argument, nullptr, kHelpOption},
         {},
     };
     const uint64_t kMaxDecimal = std::numeric_limits<uint64_t>::max();
+    bool originGiven = false;
     int result;
     while ((result = nextOption(argc, argv, "+:ho:", kOptions)) != -1) {
         const std::string value = optarg != nullptr ? optarg : "";
@@ -79,12 +137,14 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
                     return usageError(&command, "bad address (IPv4 or IPv6): " + sdp::quote(value));
                 }
                 options.address = value;
+                options.addressGiven = true;
                 break;
             case kPortOption:
                 if (!parseDecimal(value, kMaxPort, number) || number < kMinPort) {
                     return usageError(&command, "bad port (1024-65535): " + sdp::quote(value));
                 }
                 options.port = static_cast<int>(number);
+                options.portGiven = true;
                 break;
             case kSessionIdOption:
             case kSessionVersionOption:
@@ -94,6 +154,27 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
                 }
                 (result == kSessionIdOption ? options.origin.sessionId
                                             : options.origin.sessionVersion) = number;
+                originGiven = true;
+                break;
+            case kDirectionOption:
+                if (!parseDirection(value, options.direction)) {
+                    return usageError(&command,
+                                      "bad direction (sendrecv, sendonly, recvonly, "
+                                      "inactive): " +
+                                          sdp::quote(value));
+                }
+                break;
+            case kOurOfferOption:
+            case kTheirAnswerOption:
+            case kTheirOfferOption:
+            case kOurAnswerOption:
+                if (value.empty()) {
+                    return usageError(&command, "empty exchange FILE");
+                }
+                (result == kOurOfferOption      ? options.ourOffer
+                 : result == kTheirAnswerOption ? options.theirAnswer
+                 : result == kTheirOfferOption  ? options.theirOffer
+                                                : options.ourAnswer) = value;
                 break;
             case 'o':
                 if (value.empty()) {
@@ -105,7 +186,8 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
                 return optionError(command, result, argv);
         }
     }
-    return checkOptionsEnded(command, argc, argv);
+    const int ended = checkOptionsEnded(command, argc, argv);
+    return ended != -1 ? ended : checkExchange(command, options, originGiven);
 }
 
 }  // namespace tools

@@ -5,6 +5,7 @@
 #define VELMORA_RUNE_TOOLS_COMMAND_H
 
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include "syntax/Printable.h"
 
@@ -80,12 +81,22 @@ int checkOptionsEnded(const Command& command, int argc, char** argv);
 // with optind at its first operand, else the exit status.
 int parseHelpOnly(const Command& command, int argc, char** argv);
 
-// The local end and the o= line of a body this side writes, and where the body goes.
+// The local end and the o= line of a body this side writes, the dialog it belongs to, and where
+// the body goes.
 struct BodyOptions {
     std::string address = "127.0.0.1";
     int port = 49150;
+    bool addressGiven = false;
+    bool portGiven = false;
     // Session id: seconds since 1970 (RFC 8866 suggests a time stamp); version 1.
     sdp::Origin origin{"-", static_cast<uint64_t>(std::time(nullptr)), 1};
+    StreamConfig::Direction direction = StreamConfig::DirectionFullDuplex;
+    // The last agreed exchange of the dialog, as files: this side's offer and the peer's answer,
+    // or the peer's offer and this side's answer; all empty for a dialog's first exchange.
+    std::string ourOffer;
+    std::string theirAnswer;
+    std::string theirOffer;
+    std::string ourAnswer;
     // Empty or "-": the body goes to standard output.
     std::string output;
 };
@@ -93,6 +104,13 @@ struct BodyOptions {
 // Parses the options of offer and answer. Returns -1 when the command should run, with optind at
 // its first operand, else the exit status (help printed or usage error).
 int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions& options);
+
+// Makes session, built from the options' local end and origin, the dialog the options give: the
+// one restored from the exchange files when given, at the local end they name unless --address or
+// --port say otherwise; then the local direction. Returns -1 when the command should go on, else
+// the exit status (an exchange file that cannot be read, or a refused exchange, whose result
+// line goes to standard error).
+int joinDialog(const BodyOptions& options, sdp::Session& session);
 
 // The text of path, or of standard input for "-": at most 64 KiB and one byte, so that the library
 // sees a longer input as too long. False, after a message on standard error, when it cannot be

@@ -2,6 +2,7 @@
 
 #include "SdpTestSupport.h"
 
+#include <cstdint>
 #include <sstream>
 
 using namespace velmora::testing;
@@ -214,6 +215,17 @@ TEST(SessionTest, Dialogs) {
 }
 
 }  // namespace
+
+// The version after 2^64-1 is 0; a cancelled offer was sent, so the next one counts on.
+TEST(SessionTest, VersionsWrap) {
+    sdp::Session us(anyAmr(), "192.0.2.10", 49152, {"-", 1, UINT64_MAX});
+    std::string first, second;
+    ASSERT_TRUE(us.createOffer(first).isSuccess());
+    us.cancelOffer();
+    ASSERT_TRUE(us.setLocalDirection(kSendOnly).isSuccess());
+    ASSERT_TRUE(us.createOffer(second).isSuccess());
+    EXPECT_EQ("o=- 1 0 IN IP4 192.0.2.10", digest(second).substr(0, digest(second).find('\n')));
+}
 
 // A session restored from the exchange it agreed goes on as the live one: a refresh re-offer is
 // the offer sent, version included; the answerer's hold re-offer is the live answerer's.

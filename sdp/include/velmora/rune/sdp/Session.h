@@ -123,7 +123,8 @@ class Session {
     // A session whose last agreed exchange is offer and answer, role saying which side of it this
     // side was; the local endpoint, origin and version come from the description this side sent,
     // the local direction is full duplex. Both texts are read and refused as acceptAnswer reads
-    // an exchange.
+    // an exchange; then 1002 "Bad origin line" when the description this side sent has no o= line
+    // of the form "o=<username> <sess-id> <sess-version> <nettype> <addrtype> <address>".
     static Result restore(const StreamCapabilities& local, const std::string& offer,
                           const std::string& answer, Role role, Session& session);
 
@@ -131,11 +132,14 @@ class Session {
     const Preconditions& preconditions() const;
 
   private:
+    // Hidden: the library's own steps, not part of its interface.
     // Gives body the o= line of the dialog, its version counted, and keeps it as the last sent.
-    void send(std::string& body);
+    __attribute__((visibility("hidden"))) void send(std::string& body);
     // The exchange of offer and answer is agreed on stream.
-    void agree(const std::string& offer, const std::string& answer, Role role,
-               const StreamConfig& stream, Preconditions preconditions);
+    __attribute__((visibility("hidden"))) void agree(const std::string& offer,
+                                                     const std::string& answer, Role role,
+                                                     const StreamConfig& stream,
+                                                     Preconditions preconditions);
     bool hasAgreed() const { return !mAgreedOffer.empty(); }
 
     StreamCapabilities mLocal;
