@@ -234,10 +234,7 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
     }
     Preconditions offered;
     if (result.isSuccess()) {
-        // The section as the syntax walk gave it has no body yet.
-        MediaSection section;
-        (void)parsed.section(remote.section.index, section);
-        result = readPreconditions(section, PreconditionUse::Answered, offered);
+        result = readPreconditions(remote, PreconditionUse::Answered, offered);
         if (result.isFailure()) {
             return afterAddress(remote, std::move(result));
         }

@@ -52,14 +52,11 @@ bool isUnsupported(const Preconditions::Row& row) {
            row.statusType != Preconditions::StatusType::Local && !equalsIgnoreCase(row.type, "qos");
 }
 
-}  // namespace
-
-StreamConfig::Result readPreconditions(const MediaSection& section, PreconditionUse use,
-                                       Preconditions& out) {
+// Of the lines, those of a=curr, a=des and a=conf.
+StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditions& out) {
     Preconditions read;
-    LineCursor lines = section.lines();
     Line line;
-    while (section.port != 0 && lines.next(line)) {
+    while (lines.next(line)) {
         // a=curr, a=des and a=conf only: most lines of a section go at their third byte.
         const std::string_view text = line.text;
         if (text.size() < 3 || text[0] != 'a' || (text[2] != 'c' && text[2] != 'd')) {
@@ -89,6 +86,22 @@ StreamConfig::Result readPreconditions(const MediaSection& section, Precondition
     }
     out = std::move(read);
     return successResult();
+}
+
+}  // namespace
+
+StreamConfig::Result readPreconditions(const MediaSection& section, PreconditionUse use,
+                                       Preconditions& out) {
+    if (section.port == 0) {
+        out = Preconditions();
+        return successResult();
+    }
+    return readLines(section.lines(), use, out);
+}
+
+StreamConfig::Result readPreconditions(const RemoteMedia& media, PreconditionUse use,
+                                       Preconditions& out) {
+    return readLines(media.preconditionLines(), use, out);
 }
 
 }  // namespace sdp

@@ -5,6 +5,7 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Session.h>
 
+#include "read/RemoteMedia.h"
 #include "syntax/SessionDescription.h"
 
 namespace velmora {
@@ -20,6 +21,9 @@ enum class PreconditionUse { Kept, Answered };
 // form: 1002 "Bad precondition"; with Answered, 1003 "Unsupported precondition: " + the type;
 // both with the line as context, in line order.
 StreamConfig::Result readPreconditions(const MediaSection& section, PreconditionUse use,
+                                       Preconditions& out);
+// The same for the section that media was read from, from the precondition lines it noted.
+StreamConfig::Result readPreconditions(const RemoteMedia& media, PreconditionUse use,
                                        Preconditions& out);
 
 }  // namespace sdp
