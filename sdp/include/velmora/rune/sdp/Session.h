@@ -94,16 +94,23 @@ class Session {
 
     // The first offer (as sdp::createOffer writes it, with the local direction) or a re-offer of
     // the agreed exchange. 1003 "Offer outstanding" while this side's offer is outstanding.
+    // Precondition rows before the direction: after an exchange that agreed some, its a=curr and
+    // a=des rows with the local a=curr from the QoS status (an UPDATE after a reservation); else,
+    // when this side desires a strength, the four rows of a first offer (a=curr local from the
+    // status, a=curr remote none, a=des local with the strength, a=des optional remote).
     Result createOffer(std::string& offer);
     // The answer to this side's outstanding offer (as sdp::acceptAnswer); on success the exchange
-    // is agreed. 1003 "No offer outstanding" without one.
+    // is agreed, with the answer's precondition rows (1002 "Bad precondition" for a line without
+    // the RFC 3312 form, context the line). 1003 "No offer outstanding" without one.
     Result acceptAnswer(const std::string& answer, StreamConfig& negotiated);
     // The peer refused the outstanding offer (SIP 488, 491): the last agreed exchange stays in
     // force; versions keep counting, since the cancelled offer was sent.
     void cancelOffer();
     // A first offer (as sdp::answerOffer) or a re-offer; on success the exchange is agreed.
     // 1003 "Offer outstanding" while this side's offer is outstanding, "Offer removes a media
-    // section" for a re-offer with fewer m= lines than the agreed exchange.
+    // section" for a re-offer with fewer m= lines than the agreed exchange. The offer's
+    // precondition rows are answered (RFC 3312 section 5.2) from the QoS status and strength, and
+    // refused as sdp::answerOffer refuses them.
     Result answerOffer(const std::string& offer, StreamConfig& negotiated, std::string& answer);
 
     // Where this side receives from now on (after a handover); the model's checks.
