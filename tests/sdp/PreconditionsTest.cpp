@@ -181,6 +181,19 @@ TEST(PreconditionsTest, RefusesRowsItCannotReadOrMeet) {
     }
 }
 
+TEST(PreconditionsTest, AcceptingRefusesAnAnswerRowItCannotRead) {
+    sdp::Session caller(anyAmr(), "192.0.2.20", 40000, sdp::Origin{"-", 5, 1});
+    std::string offer, answer;
+    StreamConfig stream;
+    ASSERT_TRUE(caller.createOffer(offer).isSuccess());
+    ASSERT_TRUE(answerer(kNone, Strength::None).answerOffer(offer, stream, answer).isSuccess());
+    answer.insert(answer.find("a=sendrecv"), "a=curr:qos local maybe\r\n");
+    StreamConfig untouched;
+    EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad precondition", answer, 16),
+              caller.acceptAnswer(answer, untouched).format());
+    EXPECT_EQ(StreamConfig().toString(), untouched.toString());
+}
+
 TEST(PreconditionsTest, SectionsWithPortZeroCarryNone) {
     const std::string text =
         offerWith({}) + sdpText({"m=audio 0 RTP/AVP 97", "a=curr:qos local", "a=des:foo"});
