@@ -59,9 +59,10 @@ void Preconditions::add(const Row& row) {
         // Room for a usual answer's rows, in one allocation.
         mRows.reserve(kUsualRows);
     }
-    const auto place = std::find_if(mRows.begin(), mRows.end(),
-                                    [&row](const Row& kept) { return rank(kept) > rank(row); });
-    mRows.insert(place, row);
+    // After the last row that goes before it or beside it; rows mostly come in order.
+    const auto after = std::find_if(mRows.rbegin(), mRows.rend(),
+                                    [&row](const Row& kept) { return rank(kept) <= rank(row); });
+    mRows.insert(after.base(), row);
 }
 
 bool Preconditions::met() const {
