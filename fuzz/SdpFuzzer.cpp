@@ -7,12 +7,14 @@
 // choose, its peer's texts cut from the description (SessionDrive.h).
 // Whatever the bytes: a refusal leaves the outputs as they were, every body written reads again,
 // and everything the library returns for printing is printable as rune-sdp prints (in bodies, but
-// for the CRLF that ends each line).
+// for the CRLF that ends each line). Sessions with a precondition state the bytes choose answer
+// the description and accept it as the answer to their offer; their rows print safely.
 #include <velmora/rune/Amr.h>
 #include <velmora/rune/Dtmf.h>
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include "BodyChecks.h"
 #include "DefaultCapabilities.h"
@@ -100,6 +102,39 @@ void readAndWrite(const std::string& description) {
     REQUIRE(isBody(media) && reads(kSession + media));
 }
 
+// Each row as rune-sdp prints it.
+bool printable(const sdp::Preconditions& preconditions) {
+    return std::all_of(
+        preconditions.rows().begin(), preconditions.rows().end(),
+        [](const sdp::Preconditions::Row& row) { return sdp::isPrintable(row.toString()); });
+}
+
+// The description answered, and accepted as the answer to an offer, by sessions whose
+// precondition state comes from the input.
+void inDialogs(const std::string& description, const StreamCapabilities& local,
+               FuzzedDataProvider& in) {
+    sdp::Session answerer(local, "192.0.2.1", 49150, sdp::Origin());
+    sdp::Session offerer = answerer;
+    for (sdp::Session* session : {&answerer, &offerer}) {
+        REQUIRE(session->setQosStatus(StreamConfig::Direction(in.ConsumeIntegralInRange(0, 3)))
+                    .isSuccess());
+        REQUIRE(
+            session->setQosStrength(sdp::Strength(in.ConsumeIntegralInRange(0, 2))).isSuccess());
+    }
+    Outputs answered;
+    if (written(answerer.answerOffer(description, answered.stream, answered.body), answered)) {
+        REQUIRE(printable(answerer.preconditions()));
+    }
+    std::string offer;
+    if (offerer.createOffer(offer).isFailure()) return;
+    REQUIRE(isBody(offer) && reads(offer));
+    Outputs accepted;
+    const sdp::Result acceptance = offerer.acceptAnswer(description, accepted.stream);
+    REQUIRE(sdp::isPrintable(acceptance.format()) &&
+            (acceptance.isSuccess() || accepted.untouched()));
+    REQUIRE(printable(offerer.preconditions()));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -132,6 +167,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             (acceptance.isSuccess() || accepted.untouched()));
 
     velmora::fuzz::driveSession(description, in, local, localIp, localPort, origin);
+    inDialogs(description, local, in);
 
     Outputs offered;
     if (!written(sdp::createOffer(local, localIp, localPort, origin, offered.body), offered)) {

@@ -35,7 +35,9 @@ int runAccept(int argc, char** argv) {
         printResult(std::cout, result);
         return kFailureStatus;
     }
-    return printStream(std::cout, negotiated);
+    const int status = printStream(std::cout, negotiated);
+    printPreconditions(std::cout, session.preconditions());
+    return status;
 }
 
 }  // namespace

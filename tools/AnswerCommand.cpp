@@ -39,7 +39,9 @@ int runAnswer(int argc, char** argv) {
     if (!deliverBody(options, body)) {
         return kUsageStatus;
     }
-    return printStream(std::cerr, negotiated);
+    const int status = printStream(std::cerr, negotiated);
+    printPreconditions(std::cerr, session.preconditions());
+    return status;
 }
 
 }  // namespace
@@ -47,6 +49,7 @@ int runAnswer(int argc, char** argv) {
 const Command kAnswerCommand = {
     "answer",
     "[--address A] [--port P] [--session-id N] [--session-version N] [--direction D]\n"
+    "       [--qos-strength S] [--qos-status R]\n"
     "       [--our-offer FILE --their-answer FILE | --their-offer FILE --our-answer FILE]\n"
     "       [-o FILE] [FILE|-]",
     "Answers the offer in FILE with the default local capabilities (AMR-WB and AMR with every\n"

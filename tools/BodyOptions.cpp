@@ -22,6 +22,8 @@ enum : int {
     kTheirOfferOption,
     kOurAnswerOption,
     kDirectionOption,
+    kQosStrengthOption,
+    kQosStatusOption,
 };
 
 // The ports the model takes for RTP.
@@ -65,6 +67,38 @@ bool parseDirection(const std::string& text, StreamConfig::Direction& direction)
     return false;
 }
 
+// RFC 3312's words: the strengths this side may desire, the directions of a status.
+bool parseQosStrength(const std::string& text, sdp::Strength& strength) {
+    static const std::pair<const char*, sdp::Strength> kNames[] = {
+        {"mandatory", sdp::Strength::Mandatory},
+        {"optional", sdp::Strength::Optional},
+        {"none", sdp::Strength::None},
+    };
+    for (const auto& name : kNames) {
+        if (text == name.first) {
+            strength = name.second;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool parseQosStatus(const std::string& text, StreamConfig::Direction& status) {
+    static const std::pair<const char*, StreamConfig::Direction> kNames[] = {
+        {"none", StreamConfig::DirectionInactive},
+        {"send", StreamConfig::DirectionSendOnly},
+        {"recv", StreamConfig::DirectionReceiveOnly},
+        {"sendrecv", StreamConfig::DirectionFullDuplex},
+    };
+    for (const auto& name : kNames) {
+        if (text == name.first) {
+            status = name.second;
+            return true;
+        }
+    }
+    return false;
+}
+
 // An exchange is two files: this side's offer and the peer's answer, or the other way round.
 int checkExchange(const Command& command, const BodyOptions& options, bool originGiven) {
     const bool ours = !options.ourOffer.empty() || !options.theirAnswer.empty();
@@ -97,6 +131,10 @@ const char* const kBodyOptionsHelp =
     "  --session-version N  the o= session version, 0 to 18446744073709551615 (default 1)\n"
     "  --direction D        the local direction: sendrecv (default), sendonly (hold), recvonly\n"
     "                       or inactive\n"
+    "  --qos-strength S     the strength of this side's own QoS precondition (RFC 3312):\n"
+    "                       mandatory, optional or none (default: no precondition of its own)\n"
+    "  --qos-status R       where the local access network has reserved resources: none\n"
+    "                       (default), send, recv or sendrecv\n"
     "  --our-offer FILE --their-answer FILE\n"
     "  --their-offer FILE --our-answer FILE\n"
     "                       the dialog's last agreed exchange, offered by this side or by the\n"
@@ -114,6 +152,8 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
         {"session-id", required_argument, nullptr, kSessionIdOption},
         {"session-version", required_argument, nullptr, kSessionVersionOption},
         {"direction", required_argument, nullptr, kDirectionOption},
+        {"qos-strength", required_argument, nullptr, kQosStrengthOption},
+        {"qos-status", required_argument, nullptr, kQosStatusOption},
         {"our-offer", required_argument, nullptr, kOurOfferOption},
         {"their-answer", required_argument, nullptr, kTheirAnswerOption},
         {"their-offer", required_argument, nullptr, kTheirOfferOption},
@@ -162,6 +202,18 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
                                       "bad direction (sendrecv, sendonly, recvonly, "
                                       "inactive): " +
                                           sdp::quote(value));
+                }
+                break;
+            case kQosStrengthOption:
+                if (!parseQosStrength(value, options.qosStrength)) {
+                    return usageError(&command, "bad QoS strength (mandatory, optional, none): " +
+                                                    sdp::quote(value));
+                }
+                break;
+            case kQosStatusOption:
+                if (!parseQosStatus(value, options.qosStatus)) {
+                    return usageError(&command, "bad QoS status (none, send, recv, sendrecv): " +
+                                                    sdp::quote(value));
                 }
                 break;
             case kOurOfferOption:

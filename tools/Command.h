@@ -91,6 +91,10 @@ struct BodyOptions {
     // Session id: seconds since 1970 (RFC 8866 suggests a time stamp); version 1.
     sdp::Origin origin{"-", static_cast<uint64_t>(std::time(nullptr)), 1};
     StreamConfig::Direction direction = StreamConfig::DirectionFullDuplex;
+    // The local precondition state (RFC 3312): what the access network reserved, what this side
+    // desires.
+    StreamConfig::Direction qosStatus = StreamConfig::DirectionInactive;
+    sdp::Strength qosStrength = sdp::Strength::None;
     // The last agreed exchange of the dialog, as files: this side's offer and the peer's answer,
     // or the peer's offer and this side's answer; all empty for a dialog's first exchange.
     std::string ourOffer;
@@ -107,9 +111,9 @@ int parseBodyOptions(const Command& command, int argc, char** argv, BodyOptions&
 
 // Makes session, built from the options' local end and origin, the dialog the options give: the
 // one restored from the exchange files when given, at the local end they name unless --address or
-// --port say otherwise; then the local direction. Returns -1 when the command should go on, else
-// the exit status (an exchange file that cannot be read, or a refused exchange, whose result
-// line goes to standard error).
+// --port say otherwise; then the local direction and QoS state. Returns -1 when the command should
+// go on, else the exit status (an exchange file that cannot be read, or a refused exchange, whose
+// result line goes to standard error).
 int joinDialog(const BodyOptions& options, sdp::Session& session);
 
 // The text of path, or of standard input for "-": at most 64 KiB and one byte, so that the library
@@ -127,6 +131,10 @@ void printResult(std::ostream& out, const StreamConfig::Result& result);
 
 // Prints the stream and the format() line of its check(); the exit status that goes with it.
 int printStream(std::ostream& out, const StreamConfig& stream);
+
+// Prints one line per precondition row as a body writes it, then whether they are met; nothing
+// when there are none.
+void printPreconditions(std::ostream& out, const sdp::Preconditions& preconditions);
 
 // Flushes standard output; false, after a message on standard error, when it could not be written.
 bool flushStandardOutput();

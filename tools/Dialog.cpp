@@ -49,6 +49,12 @@ int joinDialog(const BodyOptions& options, sdp::Session& session) {
     if (result.isSuccess()) {
         result = session.setLocalDirection(options.direction);
     }
+    if (result.isSuccess()) {
+        result = session.setQosStatus(options.qosStatus);
+    }
+    if (result.isSuccess()) {
+        result = session.setQosStrength(options.qosStrength);
+    }
     if (result.isFailure()) {
         printResult(std::cerr, result);
         return kFailureStatus;

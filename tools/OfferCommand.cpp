@@ -39,6 +39,7 @@ int runOffer(int argc, char** argv) {
 const Command kOfferCommand = {
     "offer",
     "[--address A] [--port P] [--session-id N] [--session-version N] [--direction D]\n"
+    "       [--qos-strength S] [--qos-status R]\n"
     "       [--our-offer FILE --their-answer FILE | --their-offer FILE --our-answer FILE]\n"
     "       [-o FILE]",
     "Writes an offer of the default local capabilities to standard output (or -o FILE): AMR-WB,\n"

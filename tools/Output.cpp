@@ -93,6 +93,16 @@ int printStream(std::ostream& out, const StreamConfig& stream) {
     return check.isSuccess() ? 0 : kFailureStatus;
 }
 
+void printPreconditions(std::ostream& out, const sdp::Preconditions& preconditions) {
+    if (preconditions.rows().empty()) {
+        return;
+    }
+    for (const sdp::Preconditions::Row& row : preconditions.rows()) {
+        out << row.toString() << "\n";
+    }
+    out << (preconditions.met() ? "Preconditions: met\n" : "Preconditions: not met\n");
+}
+
 bool flushStandardOutput() {
     std::cout.flush();
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout.good()) {

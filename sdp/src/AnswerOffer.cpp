@@ -5,8 +5,10 @@
 
 #include "DialogAnswer.h"
 #include "amr/AmrAnswer.h"
+#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "stream/AnswerTerms.h"
+#include "stream/PreconditionRules.h"
 #include "stream/StreamBuilder.h"
 #include "stream/TelephoneEvents.h"
 #include "syntax/SessionDescription.h"
@@ -171,14 +173,15 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
 // One m= line per offered one: the chosen section answered, every other one rejected.
 void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
                  const StreamConfig& stream, const std::string& localIp, int localPort,
-                 const Origin& origin, std::string& text) {
+                 const Origin& origin, const Preconditions& preconditions, std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, &offer);
     SectionCursor sections = offer.sections();
     MediaSection section;
     while (sections.next(section)) {
         if (section.index == remote.section.index) {
-            writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp);
+            writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp, EventsFmtp::Left,
+                             &preconditions);
             continue;
         }
         writeRejectedMedia(writer, section);
@@ -203,6 +206,10 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
     if (result.isSuccess()) {
         result = chooseSection(parsed, local, rules.agreed, remote, choice);
     }
+    Preconditions offered;
+    if (result.isSuccess()) {
+        result = readPreconditions(remote, PreconditionUse::Answered, offered);
+    }
     if (result.isSuccess()) {
         choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
         result = negotiate(remote, local, choice, rules.localDirection, negotiated);
@@ -211,9 +218,13 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
         return result;
     }
     // Nothing below refuses: the answer is written in place.
+    Preconditions answered = answerPreconditions(offered, rules.qosStatus, rules.qosStrength);
     std::string text;
     text.reserve(kBodyReserve);
-    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, text);
+    writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, answered, text);
+    if (rules.preconditions != nullptr) {
+        *rules.preconditions = std::move(answered);
+    }
     answer.swap(text);
     return result;
 }

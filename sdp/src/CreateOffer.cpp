@@ -11,6 +11,7 @@
 #include "read/SectionReader.h"
 #include "write/LineWriter.h"
 #include "write/LocalChecks.h"
+#include "write/PreconditionLines.h"
 
 #include <array>
 
@@ -82,7 +83,8 @@ bool supportsAvp(const StreamCapabilities& local) {
 
 void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
                 const std::string& localIp, int localPort, const Origin& origin,
-                StreamConfig::Direction direction, std::string& text) {
+                StreamConfig::Direction direction, const Preconditions* preconditions,
+                std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, nullptr);
     writer.audioMediaStart(localPort, supportsAvp(local) ? RtpProfileAvp : RtpProfileAvpf);
@@ -109,6 +111,9 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
         }
     }
     writer.packetTimes(formats.firstAmr()->getPacketTime(), formats.firstAmr()->getMaxPacketTime());
+    if (preconditions != nullptr) {
+        writePreconditions(writer, *preconditions);
+    }
     writer.direction(direction);
     if (rtcp.isReducedSizeMode()) {
         writer.attribute("rtcp-rsize");
@@ -119,7 +124,7 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
 
 Result createDirectedOffer(const StreamCapabilities& local, const std::string& localIp,
                            int localPort, const Origin& origin, StreamConfig::Direction direction,
-                           std::string& offer) {
+                           const Preconditions* preconditions, std::string& offer) {
     Result result = checkOrigin(origin);
     if (result.isSuccess()) {
         result = checkLocalEndpoint(localIp, localPort);
@@ -134,7 +139,7 @@ Result createDirectedOffer(const StreamCapabilities& local, const std::string& l
     }
     std::string text;
     text.reserve(kBodyReserve);
-    writeOffer(local, formats, localIp, localPort, origin, direction, text);
+    writeOffer(local, formats, localIp, localPort, origin, direction, preconditions, text);
     offer.swap(text);
     return result;
 }
@@ -142,7 +147,7 @@ Result createDirectedOffer(const StreamCapabilities& local, const std::string& l
 Result createOffer(const StreamCapabilities& local, const std::string& localIp, int localPort,
                    const Origin& origin, std::string& offer) {
     return createDirectedOffer(local, localIp, localPort, origin, StreamConfig::DirectionFullDuplex,
-                               offer);
+                               nullptr, offer);
 }
 
 }  // namespace sdp

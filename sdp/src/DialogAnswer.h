@@ -5,6 +5,7 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include "stream/AgreedFormats.h"
 
@@ -19,6 +20,11 @@ struct DialogRules {
     StreamConfig::Direction localDirection = StreamConfig::DirectionFullDuplex;
     // Kept when the offer still lists them for their codecs and local accepts them.
     AgreedFormats agreed;
+    // The offer's precondition rows are answered from this side's status and strength (RFC
+    // 3312); the answered rows, seen from this side, go to preconditions when it is given.
+    StreamConfig::Direction qosStatus = StreamConfig::DirectionInactive;
+    Strength qosStrength = Strength::None;
+    Preconditions* preconditions = nullptr;
 };
 
 // answerOffer under rules; answerOffer itself answers under the default ones.

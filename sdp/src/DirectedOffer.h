@@ -5,6 +5,7 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include <string>
 
@@ -12,10 +13,11 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
-// createOffer with direction as the a= line; createOffer itself offers sendrecv.
+// createOffer with direction as the a= line and the precondition rows, when given, before it;
+// createOffer itself offers sendrecv without preconditions.
 Result createDirectedOffer(const StreamCapabilities& local, const std::string& localIp,
                            int localPort, const Origin& origin, StreamConfig::Direction direction,
-                           std::string& offer);
+                           const Preconditions* preconditions, std::string& offer);
 
 }  // namespace sdp
 }  // namespace rune

@@ -13,6 +13,19 @@ const RemoteFormat* RemoteMedia::find(int payloadType) const {
     return nullptr;
 }
 
+void RemoteMedia::takePreconditionLine(const Line& line) {
+    if (!firstPrecondition.exists()) {
+        firstPrecondition = line;
+    }
+    lastPrecondition = line;
+}
+
+LineCursor RemoteMedia::preconditionLines() const {
+    const char* const start = firstPrecondition.text.data();
+    const char* const end = lastPrecondition.text.data() + lastPrecondition.text.size();
+    return {std::string_view(start, static_cast<size_t>(end - start)), firstPrecondition.number};
+}
+
 bool isSupportedTransport(std::string_view protocol) {
     return protocol == "RTP/AVP" || protocol == "RTP/AVPF";
 }

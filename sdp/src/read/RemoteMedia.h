@@ -40,12 +40,20 @@ struct RemoteMedia {
     std::optional<uint32_t> maxPacketTime;
     // In m= order; a payload type is listed once at most.
     FormatList formats;
+    // The first and the last a=curr, a=des or a=conf line; none when there is none.
+    Line firstPrecondition;
+    Line lastPrecondition;
 
     const RemoteFormat* begin() const { return formats.begin(); }
     const RemoteFormat* end() const { return formats.end(); }
 
     // Null when the m= line does not list payloadType.
     const RemoteFormat* find(int payloadType) const;
+
+    void takePreconditionLine(const Line& line);
+    // The lines from the first precondition line to the last, so that reading them again does
+    // not walk the whole section.
+    LineCursor preconditionLines() const;
 };
 
 // RTP/AVP or RTP/AVPF.

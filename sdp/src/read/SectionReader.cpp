@@ -220,6 +220,8 @@ void SectionScan::start(const MediaSection& section) {
     mOut.reducedSize = false;
     mOut.packetTime.reset();
     mOut.maxPacketTime.reset();
+    mOut.firstPrecondition = Line();
+    mOut.lastPrecondition = Line();
     mPayloadTypes = readPayloadTypes(section, mOut, mIndex);
 }
 
@@ -243,11 +245,14 @@ void SectionScan::takeAttribute(const Line& line) {
     std::string_view name;
     std::string_view value;
     Description::splitAttribute(line, name, value);
-    // The names differ in length but for the packet times and the directions.
+    // The names differ in length but for the packet times, the directions and the preconditions.
     switch (name.size()) {
+        case 3:
         case 4:
         case 6:
-            if (name == "rtpmap" || name == "fmtp") {
+            if (name == "des" || name == "curr" || name == "conf") {
+                mOut.takePreconditionLine(line);
+            } else if (name == "rtpmap" || name == "fmtp") {
                 std::string_view rest;
                 RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
                 if (format == nullptr) {

@@ -51,8 +51,8 @@ AmrFmtpText reofferedFmtp(const AmrCodecConfig& amr, const StreamCapabilities& l
 }  // namespace
 
 void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
-                  const StreamCapabilities& local, const LocalEnd& end, const Origin& origin,
-                  std::string& text) {
+                  const StreamCapabilities& local, const LocalEnd& end,
+                  const Preconditions& preconditions, const Origin& origin, std::string& text) {
     StreamConfig stream = agreed;
     (void)stream.setDirection(end.direction);
     const AmrCodecConfig* amr = agreedAmr(stream);
@@ -66,7 +66,7 @@ void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_
     while (sections.next(section)) {
         if (section.index == agreedIndex) {
             writeStreamMedia(writer, stream, end.ip, end.port, amr != nullptr ? &fmtp : nullptr,
-                             EventsFmtp::Offered);
+                             EventsFmtp::Offered, &preconditions);
         } else {
             writeRejectedMedia(writer, section);
         }

@@ -7,6 +7,7 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include <string>
 #include <string_view>
@@ -24,10 +25,11 @@ struct LocalEnd {
 // The re-offer of agreed, whose section is the one at index agreedIndex of lastSent, the last
 // description this side sent (a body it wrote or one that reads without refusal). The agreed
 // AMR codec gets what an offer writes from the first local capability of its band
-// (mode-change-capability=2), its telephone-event the events 0-15.
+// (mode-change-capability=2), its telephone-event the events 0-15; the precondition rows before
+// its direction.
 void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
-                  const StreamCapabilities& local, const LocalEnd& end, const Origin& origin,
-                  std::string& text);
+                  const StreamCapabilities& local, const LocalEnd& end,
+                  const Preconditions& preconditions, const Origin& origin, std::string& text);
 
 // The index of the section of text that the stream of an exchange comes from: the first audio
 // section with a port other than 0 and the protocol RTP/AVP or RTP/AVPF; 0 when there is none.

@@ -4,10 +4,12 @@
 #include "DialogAnswer.h"
 #include "DirectedOffer.h"
 #include "internal/Results.h"
+#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "session/OriginLine.h"
 #include "session/Reoffer.h"
 #include "stream/AgreedFormats.h"
+#include "stream/PreconditionRules.h"
 #include "stream/StreamBuilder.h"
 #include "syntax/SessionDescription.h"
 #include "write/LineWriter.h"
@@ -37,6 +39,26 @@ Result readSentSection(const std::string& sent, unsigned index, Description& par
     return result;
 }
 
+// The precondition rows of answer, the stream's section of an exchange whose offer is offer, as
+// the side of role sees them.
+Result readAgreedPreconditions(const std::string& offer, const std::string& answer, Role role,
+                               Preconditions& preconditions) {
+    Description parsed;
+    MediaSection section;
+    Result result = Description::parse(answer, parsed);
+    if (result.isSuccess()) {
+        (void)parsed.section(streamSectionIndex(offer), section);
+        result = readPreconditions(section, PreconditionUse::Kept, preconditions);
+    }
+    if (result.isFailure()) {
+        return inText("answer", std::move(result));
+    }
+    if (role == Role::Offerer) {
+        preconditions = mirrorPreconditions(preconditions);
+    }
+    return result;
+}
+
 }  // namespace
 
 // The public signature takes references, as the free functions do.
@@ -52,6 +74,8 @@ Result Session::createOffer(std::string& offer) {
     }
     std::string text;
     Result result = successResult();
+    const Preconditions preconditions =
+        offerPreconditions(mPreconditions, mQosStatus, mQosStrength);
     if (hasAgreed()) {
         result = checkOrigin(mOrigin);
         if (result.isSuccess()) {
@@ -60,10 +84,12 @@ Result Session::createOffer(std::string& offer) {
         if (result.isSuccess()) {
             text.reserve(kBodyReserve);
             writeReoffer(mAgreedStream, mAgreedIndex, mLastSent, mLocal,
-                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, mOrigin, text);
+                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, preconditions, mOrigin,
+                         text);
         }
     } else {
-        result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection, text);
+        result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection,
+                                     &preconditions, text);
     }
     if (result.isFailure()) {
         return result;
@@ -78,12 +104,17 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
     if (mOutstanding.empty()) {
         return sequenceRefusal("No offer outstanding");
     }
-    // Built in place: accepting leaves the stream as it was when it refuses.
-    Result result = sdp::acceptAnswer(mOutstanding, answer, mAgreedStream);
+    StreamConfig stream;
+    Result result = sdp::acceptAnswer(mOutstanding, answer, stream);
+    Preconditions preconditions;
+    if (result.isSuccess()) {
+        result = readAgreedPreconditions(mOutstanding, answer, Role::Offerer, preconditions);
+    }
     if (result.isFailure()) {
         return result;
     }
-    agree(mOutstanding, answer, Role::Offerer);
+    mAgreedStream = stream;
+    agree(mOutstanding, answer, Role::Offerer, std::move(preconditions));
     mOutstanding.clear();
     negotiated = mAgreedStream;
     return result;
@@ -98,8 +129,12 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
     if (!mOutstanding.empty()) {
         return sequenceRefusal("Offer outstanding");
     }
+    Preconditions preconditions;
     DialogRules rules;
     rules.localDirection = mLocalDirection;
+    rules.preconditions = &preconditions;
+    rules.qosStatus = mQosStatus;
+    rules.qosStrength = mQosStrength;
     if (hasAgreed()) {
         // An offer that does not parse is refused below, as answering refuses it.
         Description parsed;
@@ -117,7 +152,7 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return result;
     }
     send(text);
-    agree(offer, text, Role::Answerer);
+    agree(offer, text, Role::Answerer, std::move(preconditions));
     negotiated = mAgreedStream;
     answer.swap(text);
     return result;
@@ -143,10 +178,34 @@ Result Session::setLocalDirection(StreamConfig::Direction direction) {
     return result;
 }
 
+Result Session::setQosStatus(StreamConfig::Direction local) {
+    StreamConfig probe;
+    Result result = probe.setDirection(local);
+    if (result.isFailure()) {
+        return result;
+    }
+    mQosStatus = local;
+    return result;
+}
+
+Result Session::setQosStrength(Strength strength) {
+    if (strength != Strength::None && strength != Strength::Optional &&
+        strength != Strength::Mandatory) {
+        return makeResult<StreamConfig::ResultTrait>(
+            StreamConfig::InvalidParam, "Invalid strength : ", static_cast<int>(strength));
+    }
+    mQosStrength = strength;
+    return successResult();
+}
+
 Result Session::restore(const StreamCapabilities& local, const std::string& offer,
                         const std::string& answer, Role role, Session& session) {
     StreamConfig stream;
     Result result = sdp::acceptAnswer(offer, answer, stream);
+    Preconditions preconditions;
+    if (result.isSuccess()) {
+        result = readAgreedPreconditions(offer, answer, role, preconditions);
+    }
     if (result.isFailure()) {
         return result;
     }
@@ -176,7 +235,7 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mOriginTail = origin.tail;
     restored.mLastSent = sent;
     restored.mAgreedStream = stream;
-    restored.agree(offer, answer, role);
+    restored.agree(offer, answer, role, std::move(preconditions));
     session = restored;
     return result;
 }
@@ -202,10 +261,12 @@ void Session::send(std::string& body) {
     mLastSent = body;
 }
 
-void Session::agree(const std::string& offer, const std::string& answer, Role role) {
+void Session::agree(const std::string& offer, const std::string& answer, Role role,
+                    Preconditions preconditions) {
     mAgreedOffer = offer;
     mAgreedAnswer = answer;
     mAgreedRole = role;
+    mPreconditions = std::move(preconditions);
     mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
     Description parsed;
     (void)Description::parse(offer, parsed);

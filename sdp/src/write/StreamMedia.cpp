@@ -3,6 +3,7 @@
 #include <velmora/rune/Amr.h>
 
 #include "amr/AmrAnswer.h"
+#include "write/PreconditionLines.h"
 
 namespace velmora {
 namespace rune {
@@ -29,7 +30,8 @@ struct ListedCodecs {
 }  // namespace
 
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
-                      int localPort, const AmrFmtpText* amrFmtp, EventsFmtp events) {
+                      int localPort, const AmrFmtpText* amrFmtp, EventsFmtp events,
+                      const Preconditions* preconditions) {
     const ListedCodecs codecs(stream);
     const RtcpConfig& rtcp = stream.getRtcpConfig();
     const bool rtcpOn = stream.isRtcpEnabled();
@@ -56,6 +58,9 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
     }
     if (codecs.count() > 0) {
         writer.packetTimes(codecs[0].getPacketTime(), codecs[0].getMaxPacketTime());
+    }
+    if (preconditions != nullptr) {
+        writePreconditions(writer, *preconditions);
     }
     writer.direction(stream.getDirection());
     if (rtcp.isReducedSizeMode()) {

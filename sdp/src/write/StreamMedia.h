@@ -3,6 +3,7 @@
 #define VELMORA_RUNE_SDP_SRC_WRITE_STREAM_MEDIA_H
 
 #include <velmora/rune/StreamConfig.h>
+#include <velmora/rune/sdp/Session.h>
 
 #include "amr/AmrFmtp.h"
 #include "write/LineWriter.h"
@@ -17,10 +18,12 @@ namespace sdp {
 enum class EventsFmtp { Left, Offered };
 
 // The media section of stream from its m= line on, as writeMediaDescription describes it; the
-// AMR codecs' a=fmtp from amrFmtp when it is given, else from each codec's configuration.
+// AMR codecs' a=fmtp from amrFmtp when it is given, else from each codec's configuration; the
+// precondition rows, when given, before the direction.
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
                       int localPort, const AmrFmtpText* amrFmtp,
-                      EventsFmtp events = EventsFmtp::Left);
+                      EventsFmtp events = EventsFmtp::Left,
+                      const Preconditions* preconditions = nullptr);
 
 }  // namespace sdp
 }  // namespace rune

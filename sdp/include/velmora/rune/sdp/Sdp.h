@@ -101,14 +101,18 @@ std::string writeMediaDescription(const StreamConfig& stream, const std::string&
 // each as t=<start> <stop> (t=0 0 when it has none), then one m= line per offered m= line, in
 // order. The audio sections that qualify for reading are tried in order; the first whose profile
 // local supports and that has an AMR payload type a local AmrCodecCapabilities accepts is
-// answered, as writeMediaDescription writes it, and every other section is rejected as
-// "m=<type> 0 <proto> <formats>". The answer says what was agreed: a mode-set as its modes, each
-// once, ascending; a=maxptime the lower of the offer's and local's, a=ptime the offer's (else
-// local's) lowered to it.
+// answered, as writeMediaDescription writes it, with the offer's RFC 3312 precondition lines
+// answered before the direction as a Session that has reserved nothing and desires nothing
+// answers them; every other section is rejected as "m=<type> 0 <proto> <formats>". The answer
+// says what was agreed: a mode-set as its modes, each once, ascending; a=maxptime the lower of
+// the offer's and local's, a=ptime the offer's (else local's) lowered to it.
 // Refusals: the model's refusals of localIp and of a localPort outside 1024-65535, 1002 "Bad
 // origin username" for an empty username or one with a blank or control byte, those of
 // readRemoteDescription (a tried section's own refusal is the result), when no section can be
-// answered, the first audio section's: "Unsupported profile" or "No common codec", and the
+// answered, the first audio section's: "Unsupported profile" or "No common codec"; then the
+// answered section's precondition lines, in line order: 1002 "Bad precondition" for a line
+// without the RFC 3312 form, 1003 "Unsupported precondition: <type>" for a mandatory a=des of a
+// type other than qos on the offer's remote or e2e segment, each with the line; and the
 // negotiated stream's check() when it fails: no body is written that its own stream refuses.
 //
 // The telephone-event kept is the offered one of the chosen AMR's clock rate, else the first

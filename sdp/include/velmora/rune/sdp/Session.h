@@ -35,8 +35,10 @@ namespace sdp {
 // Which side of an exchange this side was.
 enum class Role { Offerer, Answerer };
 
-// The strength of a desired precondition (RFC 3312 section 5).
-enum class Strength { None, Optional, Mandatory };
+// The strength of a desired precondition (RFC 3312 section 5). Failure and Unknown are what an
+// answer may say about a precondition it cannot meet or does not know, kept as they are; this
+// side desires None, Optional or Mandatory. Stronger values come later.
+enum class Strength { None, Optional, Mandatory, Failure, Unknown };
 
 // The RFC 3312 precondition rows of a stream (a=curr, a=des, a=conf), seen from this side:
 // "local" is this side's segment. Rows are kept in the order a body writes them: curr, then des,
@@ -61,9 +63,16 @@ class Preconditions {
         // Every field.
         bool operator==(const Row& other) const;
         bool operator!=(const Row& other) const { return !(*this == other); }
+        // As a body writes it, without the line end: "a=des:qos mandatory local sendrecv".
+        std::string toString() const;
     };
 
     const std::vector<Row>& rows() const { return mRows; }
+    // The row of that kind, type and status type; null when there is none. There is one at most.
+    const Row* find(Kind kind, const std::string& type, StatusType statusType) const;
+    // Puts row in its place in the order above, replacing the row of the same kind, type and
+    // status type.
+    void add(const Row& row);
     // True when every mandatory a=des row's direction is covered by the a=curr row of the same
     // type and status type; true without rows.
     bool met() const;
@@ -73,7 +82,6 @@ class Preconditions {
     bool operator!=(const Preconditions& other) const { return !(*this == other); }
 
   private:
-    friend class Session;
     std::vector<Row> mRows;
 };
 
@@ -86,16 +94,23 @@ class Session {
 
     // The first offer (as sdp::createOffer writes it, with the local direction) or a re-offer of
     // the agreed exchange. 1003 "Offer outstanding" while this side's offer is outstanding.
+    // Precondition rows before the direction: after an exchange that agreed some, its a=curr and
+    // a=des rows with the local a=curr from the QoS status (an UPDATE after a reservation); else,
+    // when this side desires a strength, the four rows of a first offer (a=curr local from the
+    // status, a=curr remote none, a=des local with the strength, a=des optional remote).
     Result createOffer(std::string& offer);
     // The answer to this side's outstanding offer (as sdp::acceptAnswer); on success the exchange
-    // is agreed. 1003 "No offer outstanding" without one.
+    // is agreed, with the answer's precondition rows (1002 "Bad precondition" for a line without
+    // the RFC 3312 form, context the line). 1003 "No offer outstanding" without one.
     Result acceptAnswer(const std::string& answer, StreamConfig& negotiated);
     // The peer refused the outstanding offer (SIP 488, 491): the last agreed exchange stays in
     // force; versions keep counting, since the cancelled offer was sent.
     void cancelOffer();
     // A first offer (as sdp::answerOffer) or a re-offer; on success the exchange is agreed.
     // 1003 "Offer outstanding" while this side's offer is outstanding, "Offer removes a media
-    // section" for a re-offer with fewer m= lines than the agreed exchange.
+    // section" for a re-offer with fewer m= lines than the agreed exchange. The offer's
+    // precondition rows are answered (RFC 3312 section 5.2) from the QoS status and strength, and
+    // refused as sdp::answerOffer refuses them.
     Result answerOffer(const std::string& offer, StreamConfig& negotiated, std::string& answer);
 
     // Where this side receives from now on (after a handover); the model's checks.
@@ -103,6 +118,14 @@ class Session {
     // DirectionFullDuplex (the default; resume), DirectionSendOnly (hold), DirectionReceiveOnly
     // or DirectionInactive; the model's check of the value.
     Result setLocalDirection(StreamConfig::Direction direction);
+    // The directions in which the local access network has reserved resources (RFC 3312):
+    // DirectionInactive (the default, written "none"), DirectionSendOnly, DirectionReceiveOnly or
+    // DirectionFullDuplex; the model's check of the value.
+    Result setQosStatus(StreamConfig::Direction local);
+    // The strength this side desires for its own segment: Strength::None (the default: no
+    // precondition of its own), Optional or Mandatory; 1002 "Invalid strength : " + the value
+    // for the others.
+    Result setQosStrength(Strength strength);
 
     // A session whose last agreed exchange is offer and answer, role saying which side of it this
     // side was; the local endpoint, origin and version come from the description this side sent,
@@ -121,7 +144,8 @@ class Session {
     __attribute__((visibility("hidden"))) void send(std::string& body);
     // The exchange of offer and answer is agreed, on the stream in mAgreedStream.
     __attribute__((visibility("hidden"))) void agree(const std::string& offer,
-                                                     const std::string& answer, Role role);
+                                                     const std::string& answer, Role role,
+                                                     Preconditions preconditions);
     bool hasAgreed() const { return !mAgreedOffer.empty(); }
 
     StreamCapabilities mLocal;
@@ -149,6 +173,8 @@ class Session {
     unsigned mAgreedIndex = 0;
     unsigned mAgreedSections = 0;
     Preconditions mPreconditions;
+    StreamConfig::Direction mQosStatus = StreamConfig::DirectionInactive;
+    Strength mQosStrength = Strength::None;
 };
 
 }  // namespace sdp

@@ -1,0 +1,135 @@
+#include "stream/PreconditionRules.h"
+
+#include "stream/StreamBuilder.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+namespace {
+
+using Kind = Preconditions::Kind;
+using Row = Preconditions::Row;
+using StatusType = Preconditions::StatusType;
+
+const char* const kQos = "qos";
+
+Row qosRow(Kind kind, Strength strength, StatusType statusType, StreamConfig::Direction direction) {
+    return Row{kind, kQos, strength, statusType, direction};
+}
+
+Row mirrored(Row row) {
+    row.statusType = row.statusType == StatusType::Local    ? StatusType::Remote
+                     : row.statusType == StatusType::Remote ? StatusType::Local
+                                                            : row.statusType;
+    row.direction = mirror(row.direction);
+    return row;
+}
+
+// Whether the rows have a qos row of the segmented model, where this side reports its own
+// segment.
+bool hasQosSegments(const Preconditions& preconditions) {
+    return std::any_of(
+        preconditions.rows().begin(), preconditions.rows().end(),
+        [](const Row& row) { return row.type == kQos && row.statusType != StatusType::E2e; });
+}
+
+// The status this side has reserved is its a=curr local row.
+void setLocalStatus(Preconditions& preconditions, StreamConfig::Direction status) {
+    preconditions.add(qosRow(Kind::Current, Strength::None, StatusType::Local, status));
+}
+
+// RFC 3312 section 6: a mandatory remote segment that is not reserved yet asks for confirmation.
+void askConfirmation(Preconditions& answer) {
+    // The a=conf rows go after every other row: the rows before them keep their places.
+    const size_t count = answer.rows().size();
+    for (size_t i = 0; i < count; ++i) {
+        const Row& row = answer.rows()[i];
+        if (row.kind != Kind::Desired || row.strength != Strength::Mandatory ||
+            row.statusType != StatusType::Remote) {
+            continue;
+        }
+        const Row* current = answer.find(Kind::Current, row.type, StatusType::Remote);
+        if (current == nullptr || !covers(current->direction, row.direction)) {
+            answer.add(
+                Row{Kind::Confirmed, row.type, Strength::None, StatusType::Remote, row.direction});
+        }
+    }
+}
+
+}  // namespace
+
+bool covers(StreamConfig::Direction have, StreamConfig::Direction want) {
+    static_assert(StreamConfig::DirectionFullDuplex ==
+                      (StreamConfig::DirectionSendOnly | StreamConfig::DirectionReceiveOnly),
+                  "a direction is its send and receive bits");
+    return (static_cast<int>(want) & ~static_cast<int>(have)) == 0;
+}
+
+Preconditions mirrorPreconditions(const Preconditions& preconditions) {
+    Preconditions seen;
+    for (const Row& row : preconditions.rows()) {
+        seen.add(mirrored(row));
+    }
+    return seen;
+}
+
+Preconditions answerPreconditions(const Preconditions& offered, StreamConfig::Direction status,
+                                  Strength strength) {
+    Preconditions answer;
+    for (const Row& row : offered.rows()) {
+        // A confirmation asked of this side is no row of the answer's.
+        if (row.kind == Kind::Confirmed) {
+            continue;
+        }
+        Row answered = mirrored(row);
+        if (answered.kind == Kind::Desired) {
+            const bool own = answered.type == kQos && answered.statusType == StatusType::Local;
+            // Never lower than offered; failure and unknown, last in Strength, stay.
+            answered.strength = std::max(answered.strength, own ? strength : Strength::None);
+        }
+        answer.add(answered);
+    }
+    if (hasQosSegments(answer)) {
+        setLocalStatus(answer, status);
+        if (strength != Strength::None &&
+            answer.find(Kind::Desired, kQos, StatusType::Local) == nullptr) {
+            answer.add(qosRow(Kind::Desired, strength, StatusType::Local,
+                              StreamConfig::DirectionFullDuplex));
+        }
+    }
+    askConfirmation(answer);
+    return answer;
+}
+
+Preconditions offerPreconditions(const Preconditions& agreed, StreamConfig::Direction status,
+                                 Strength strength) {
+    Preconditions offer;
+    if (agreed.rows().empty()) {
+        if (strength == Strength::None) {
+            return offer;
+        }
+        const StreamConfig::Direction both = StreamConfig::DirectionFullDuplex;
+        offer.add(qosRow(Kind::Current, Strength::None, StatusType::Remote,
+                         StreamConfig::DirectionInactive));
+        offer.add(qosRow(Kind::Desired, strength, StatusType::Local, both));
+        offer.add(qosRow(Kind::Desired, Strength::Optional, StatusType::Remote, both));
+        setLocalStatus(offer, status);
+        return offer;
+    }
+    for (const Row& row : agreed.rows()) {
+        if (row.kind != Kind::Confirmed) {
+            offer.add(row);
+        }
+    }
+    if (hasQosSegments(offer)) {
+        setLocalStatus(offer, status);
+    }
+    return offer;
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora
