@@ -152,7 +152,7 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
         return result;
     }
     startStream(remote, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection));
+    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection), remote.address);
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
