@@ -74,13 +74,15 @@ void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_
 }
 
 unsigned streamSectionIndex(std::string_view text) {
-    Description parsed;
-    (void)Description::parse(text, parsed);
-    SectionCursor sections = parsed.sections();
-    MediaSection section;
-    while (sections.next(section)) {
-        if (qualifies(section)) {
-            return section.index;
+    // The text parses: its m= lines alone tell, without a second parse.
+    unsigned index = 0;
+    for (size_t at = text.find("\nm="); at != std::string_view::npos;
+         at = text.find("\nm=", at + 1), ++index) {
+        LineCursor lines(text.substr(at + 1), 1);
+        Line line;
+        MediaSection section;
+        if (lines.next(line) && Description::parseMedia(line, section) && qualifies(section)) {
+            return index;
         }
     }
     return 0;

@@ -29,8 +29,9 @@ void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_
                   const StreamCapabilities& local, const LocalEnd& end, const Origin& origin,
                   std::string& text);
 
-// The index of the section of text that the stream of an exchange comes from: the first audio
-// section with a port other than 0 and the protocol RTP/AVP or RTP/AVPF; 0 when there is none.
+// The index of the section of text, a description that parses, that the stream of an exchange
+// comes from: the first audio section with a port other than 0 and the protocol RTP/AVP or
+// RTP/AVPF; 0 when there is none.
 unsigned streamSectionIndex(std::string_view text);
 
 }  // namespace sdp

@@ -101,10 +101,11 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
     DialogRules rules;
     rules.localDirection = mLocalDirection;
     if (hasAgreed()) {
-        // An offer that does not parse is refused below, as answering refuses it.
+        // An offer that does not parse is refused below, as answering refuses it. Counting its
+        // m= lines costs less than the parse, which only an offer with fewer needs.
         Description parsed;
-        if (Description::parse(offer, parsed).isSuccess() &&
-            parsed.sectionCount() < mAgreedSections) {
+        if (Description::countMediaLines(offer) < mAgreedSections &&
+            Description::parse(offer, parsed).isSuccess()) {
             return sequenceRefusal("Offer removes a media section");
         }
         rules.agreed = agreedFormats(mAgreedStream);
@@ -186,18 +187,18 @@ const Preconditions& Session::preconditions() const {
 }
 
 void Session::send(std::string& body) {
-    OriginParts origin{mOriginHead, mVersion, mOriginTail};
     if (!mSent) {
         // The first body carries the o= line that every later one repeats.
+        OriginParts origin;
         (void)readOriginLine(body, origin);
+        mOriginHead = origin.head;
+        mVersion = origin.version;
+        mOriginTail = origin.tail;
     } else if (!isSameButOrigin(body, mLastSent)) {
         // Wraps at 2^64, which RFC 8866 allows.
-        ++origin.version;
+        ++mVersion;
     }
-    writeOriginLine(origin, body);
-    mOriginHead = origin.head;
-    mVersion = origin.version;
-    mOriginTail = origin.tail;
+    writeOriginLine(mOriginHead, mVersion, mOriginTail, body);
     mSent = true;
     mLastSent = body;
 }
@@ -207,9 +208,8 @@ void Session::agree(const std::string& offer, const std::string& answer, Role ro
     mAgreedAnswer = answer;
     mAgreedRole = role;
     mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
-    Description parsed;
-    (void)Description::parse(offer, parsed);
-    mAgreedSections = parsed.sectionCount();
+    // Both texts were read: the offer parses.
+    mAgreedSections = Description::countMediaLines(offer);
 }
 
 }  // namespace sdp

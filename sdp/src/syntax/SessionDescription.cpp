@@ -110,6 +110,16 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
     return successResult();
 }
 
+unsigned Description::countMediaLines(std::string_view text) {
+    // A description starts with v=0: every m= line follows a line end.
+    unsigned count = 0;
+    for (size_t at = text.find("\nm="); at != std::string_view::npos;
+         at = text.find("\nm=", at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 bool SectionCursor::next(MediaSection& section) {
     LineCursor lines(mRest, mNumber);
     Line line;

@@ -89,6 +89,9 @@ class Description {
     // complete only on success. The observer, when given, sees the lines on the way.
     static StreamConfig::Result parse(std::string_view text, Description& out,
                                       LineObserver* observer = nullptr);
+    // The number of lines of text that start with "m=": its sectionCount() when it parses,
+    // counted without a parse.
+    static unsigned countMediaLines(std::string_view text);
 
     // The session-level lines, v= included.
     LineCursor sessionLines() const { return {mSession, 1}; }
