@@ -157,7 +157,8 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam, "Bad origin line");
     }
     // Both texts share the stream's section index: accepting found the answer's there.
-    const unsigned index = streamSectionIndex(offer);
+    unsigned sections = 0;
+    const unsigned index = streamSectionIndex(offer, sections);
     Description parsed;
     RemoteMedia media;
     result = readSentSection(sent, index, parsed, media);
@@ -207,9 +208,8 @@ void Session::agree(const std::string& offer, const std::string& answer, Role ro
     mAgreedOffer = offer;
     mAgreedAnswer = answer;
     mAgreedRole = role;
-    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
-    // Both texts were read: the offer parses.
-    mAgreedSections = Description::countMediaLines(offer);
+    // Both texts were read: they parse, with as many m= lines.
+    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer, mAgreedSections);
 }
 
 }  // namespace sdp
