@@ -2,6 +2,7 @@
 
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -63,13 +64,16 @@ void writeOriginLine(std::string_view head, uint64_t version, std::string_view t
                      std::string& body) {
     const std::string_view line = findOriginLine(body);
     const size_t start = before(body, line).size();
-    // In place, in the body's room: no temporary line.
+    // In place, in the body's room, with one move of the text after it: no temporary line.
     char number[std::numeric_limits<uint64_t>::digits10 + 3] = {' '};
     char* end = std::to_chars(number + 1, number + sizeof number, version).ptr;
     *end++ = ' ';
-    body.replace(start, line.size(), head);
-    body.insert(start + head.size(), number, static_cast<size_t>(end - number));
-    body.insert(start + head.size() + static_cast<size_t>(end - number), tail);
+    const std::string_view middle(number, static_cast<size_t>(end - number));
+    body.replace(start, line.size(), head.size() + middle.size() + tail.size(), ' ');
+    char* out = &body[start];
+    out = std::copy(head.begin(), head.end(), out);
+    out = std::copy(middle.begin(), middle.end(), out);
+    std::copy(tail.begin(), tail.end(), out);
 }
 
 }  // namespace sdp

@@ -101,10 +101,10 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
     DialogRules rules;
     rules.localDirection = mLocalDirection;
     if (hasAgreed()) {
-        // An offer that does not parse is refused below, as answering refuses it. Counting its
-        // m= lines costs less than the parse, which only an offer with fewer needs.
+        // An offer that does not parse is refused below, as answering refuses it. Looking for
+        // its m= lines costs less than the parse, which only an offer with fewer needs.
         Description parsed;
-        if (Description::countMediaLines(offer) < mAgreedSections &&
+        if (!Description::hasMediaLines(offer, mAgreedSections) &&
             Description::parse(offer, parsed).isSuccess()) {
             return sequenceRefusal("Offer removes a media section");
         }

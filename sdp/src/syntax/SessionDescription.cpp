@@ -110,14 +110,17 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
     return successResult();
 }
 
-unsigned Description::countMediaLines(std::string_view text) {
+bool Description::hasMediaLines(std::string_view text, unsigned count) {
     // A description starts with v=0: every m= line follows a line end.
-    unsigned count = 0;
-    for (size_t at = text.find("\nm="); at != std::string_view::npos;
-         at = text.find("\nm=", at + 1)) {
-        ++count;
+    size_t at = 0;
+    for (unsigned found = 0; found < count; ++found) {
+        at = text.find("\nm=", at);
+        if (at == std::string_view::npos) {
+            return false;
+        }
+        ++at;
     }
-    return count;
+    return true;
 }
 
 bool SectionCursor::next(MediaSection& section) {
