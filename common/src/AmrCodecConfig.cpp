@@ -144,9 +144,8 @@ AmrCodecConfig::AmrCodecConfig()
       mModeChangeNeighbor(DEFAULT_MODE_CHANGE_NEIGHBOR_ENABLED),
       mModeChangePeriod(DEFAULT_MODE_CHANGE_PERIOD) {}
 
-AmrCodecConfig::AmrCodecConfig(const AmrCodecConfig& other) : CodecConfig(other) {
-    copyFrom(other);
-}
+// Member by member: the rates are copied into a vector made to size, not assigned to an empty one.
+AmrCodecConfig::AmrCodecConfig(const AmrCodecConfig& other) = default;
 
 AmrCodecConfig& AmrCodecConfig::operator=(const AmrCodecConfig& other) {
     CodecConfig::operator=(other);

@@ -22,9 +22,7 @@ CodecConfig::CodecConfig(CodecId codecId, BandType bandType, int payloadType, un
     VELMORA_PLATFORM_ASSERT(isBandTypeValid(mBandType));
 }
 
-CodecConfig::CodecConfig(const CodecConfig& other) {
-    copyFrom(other);
-}
+CodecConfig::CodecConfig(const CodecConfig& other) = default;
 
 CodecConfig& CodecConfig::operator=(const CodecConfig& other) {
     copyFrom(other);

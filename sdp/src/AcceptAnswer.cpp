@@ -92,7 +92,7 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
 void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Choice& choice,
                StreamConfig& stream) {
     startStream(answered, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), offered.direction));
+    setDirectionAndHold(stream, limit(stream.getDirection(), offered.direction), answered.address);
     setReadRtcp(offered, stream);
     RtcpConfig rtcp = stream.getRtcpConfig();
     rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);

@@ -41,11 +41,12 @@ bool supportsProfile(const StreamCapabilities& local, RtpProfile profile) {
     return profiles.empty() ? profile == RtpProfileAvp : profiles.count(profile) > 0;
 }
 
+// The id and band are read first: a dynamic_cast costs more than the whole test otherwise.
 bool hasEvents(const StreamCapabilities& local, BandType band) {
     for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-        const auto* dtmf =
-            dynamic_cast<const DtmfCodecCapabilities*>(local.getCodecCapabilities(i));
-        if (dtmf != nullptr && dtmf->getBandType() == band) {
+        const CodecCapabilities* caps = local.getCodecCapabilities(i);
+        if (caps != nullptr && caps->getCodecId() == CodecIdDtmf && caps->getBandType() == band &&
+            dynamic_cast<const DtmfCodecCapabilities*>(caps) != nullptr) {
             return true;
         }
     }
@@ -56,7 +57,10 @@ bool hasEvents(const StreamCapabilities& local, BandType band) {
 const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local, BandType band,
                                           const AmrParameters& parameters) {
     for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-        const auto* amr = dynamic_cast<const AmrCodecCapabilities*>(local.getCodecCapabilities(i));
+        const CodecCapabilities* caps = local.getCodecCapabilities(i);
+        const auto* amr = caps != nullptr && caps->getCodecId() == CodecIdAmr
+                              ? dynamic_cast<const AmrCodecCapabilities*>(caps)
+                              : nullptr;
         if (amr != nullptr && acceptsAmr(*amr, band, parameters)) {
             return amr;
         }
@@ -154,7 +158,7 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
         return result;
     }
     startStream(remote, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection));
+    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection), remote.address);
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.

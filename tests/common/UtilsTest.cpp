@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <arpa/inet.h>
+
 #include <climits>
 #include <string>
 #include <tuple>
+#include <vector>
 
 using velmora::rune::Utils;
 
@@ -31,5 +34,70 @@ TEST(UtilsTest, ClassifiesAddresses) {
         EXPECT_EQ(v4, Utils::isValidIpV4(address)) << address;
         EXPECT_EQ(v6, Utils::isValidIpV6(address)) << address;
         EXPECT_EQ(v4 || v6, Utils::isValidIpAddress(address)) << address;
+    }
+}
+
+// The checks accept what inet_pton(3) accepts: every text over a few characters up to some length,
+// and the edges of the forms.
+TEST(UtilsTest, AcceptsWhatInetPtonAccepts) {
+    std::vector<std::string> texts = {"0.0.0.0",
+                                      "255.255.255.255",
+                                      "256.1.1.1",
+                                      "1.2.3.04",
+                                      "1.2.3",
+                                      "1.2.3.4.5",
+                                      "1..2.3",
+                                      ".1.2.3",
+                                      "1.2.3.4.",
+                                      "1.2.3.999",
+                                      "1:2:3:4:5:6:7:8",
+                                      "1:2:3:4:5:6:7:8:9",
+                                      "1:2:3:4:5:6:7::",
+                                      "::1:2:3:4:5:6:7",
+                                      "1::2:3:4:5:6:7",
+                                      "1:2:3:4:5:6:7:8::",
+                                      "::1:2:3:4:5:6:7:8",
+                                      "::ffff:192.0.2.7",
+                                      "1:2:3:4:5:6:1.2.3.4",
+                                      "1:2:3:4:5:6:7:1.2.3.4",
+                                      "1:2:3:4:5::1.2.3.4",
+                                      "::1.2.3.4",
+                                      "::1.2.3",
+                                      "::256.1.1.1",
+                                      "1.2.3.4::",
+                                      "12345::",
+                                      "ABCD:ef01::",
+                                      "g::",
+                                      "::",
+                                      ":::",
+                                      ":",
+                                      "1:",
+                                      "1::",
+                                      "::1:",
+                                      "2001:db8:0:1::50",
+                                      "fe80::1%eth0",
+                                      "::ffff:1.2.3.4:5",
+                                      "::abc.1.2.3",
+                                      "0000:0000::",
+                                      "00000::"};
+    const std::string alphabet = "0f:.1";
+    std::vector<std::string> layer = {""};
+    for (int length = 1; length <= 8; ++length) {
+        std::vector<std::string> next;
+        for (const std::string& text : layer) {
+            for (char c : alphabet) {
+                next.push_back(text + c);
+            }
+        }
+        texts.insert(texts.end(), next.begin(), next.end());
+        layer.swap(next);
+    }
+    for (const std::string& text : texts) {
+        unsigned char buffer[16];
+        const bool v4 = inet_pton(AF_INET, text.c_str(), buffer) == 1;
+        const bool v6 = inet_pton(AF_INET6, text.c_str(), buffer) == 1;
+        ASSERT_EQ(v4, Utils::isValidIpV4(text)) << text;
+        ASSERT_EQ(v6, Utils::isValidIpV6(text)) << text;
+        ASSERT_EQ(v4 || v6, Utils::isValidIpAddress(text)) << text;
     }
 }

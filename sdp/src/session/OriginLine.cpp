@@ -2,6 +2,10 @@
 
 #include "syntax/SdpLine.h"
 
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -56,11 +60,20 @@ bool isSameButOrigin(std::string_view a, std::string_view b) {
     return before(a, lineA) == before(b, lineB) && after(a, lineA) == after(b, lineB);
 }
 
-void writeOriginLine(const OriginParts& parts, std::string& body) {
+void writeOriginLine(std::string_view head, uint64_t version, std::string_view tail,
+                     std::string& body) {
     const std::string_view line = findOriginLine(body);
     const size_t start = before(body, line).size();
-    body.replace(start, line.size(),
-                 parts.head + " " + std::to_string(parts.version) + " " + parts.tail);
+    // In place, in the body's room, with one move of the text after it: no temporary line.
+    char number[std::numeric_limits<uint64_t>::digits10 + 3] = {' '};
+    char* end = std::to_chars(number + 1, number + sizeof number, version).ptr;
+    *end++ = ' ';
+    const std::string_view middle(number, static_cast<size_t>(end - number));
+    body.replace(start, line.size(), head.size() + middle.size() + tail.size(), ' ');
+    char* out = &body[start];
+    out = std::copy(head.begin(), head.end(), out);
+    out = std::copy(middle.begin(), middle.end(), out);
+    std::copy(tail.begin(), tail.end(), out);
 }
 
 }  // namespace sdp

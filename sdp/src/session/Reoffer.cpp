@@ -9,6 +9,8 @@
 #include "write/RejectedMedia.h"
 #include "write/StreamMedia.h"
 
+#include <optional>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -73,17 +75,21 @@ void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_
     }
 }
 
-unsigned streamSectionIndex(std::string_view text) {
-    Description parsed;
-    (void)Description::parse(text, parsed);
-    SectionCursor sections = parsed.sections();
-    MediaSection section;
-    while (sections.next(section)) {
-        if (qualifies(section)) {
-            return section.index;
+unsigned streamSectionIndex(std::string_view text, unsigned& sections) {
+    // The text parses: its m= lines alone tell, without a second parse.
+    std::optional<unsigned> found;
+    sections = 0;
+    for (size_t at = text.find("\nm="); at != std::string_view::npos;
+         at = text.find("\nm=", at + 1), ++sections) {
+        LineCursor lines(text.substr(at + 1), 1);
+        Line line;
+        MediaSection section;
+        if (!found && lines.next(line) && Description::parseMedia(line, section) &&
+            qualifies(section)) {
+            found = sections;
         }
     }
-    return 0;
+    return found.value_or(0);
 }
 
 }  // namespace sdp

@@ -31,9 +31,10 @@ void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_
                   const StreamCapabilities& local, const LocalEnd& end,
                   const Preconditions& preconditions, const Origin& origin, std::string& text);
 
-// The index of the section of text that the stream of an exchange comes from: the first audio
-// section with a port other than 0 and the protocol RTP/AVP or RTP/AVPF; 0 when there is none.
-unsigned streamSectionIndex(std::string_view text);
+// The index of the section of text, a description that parses, that the stream of an exchange
+// comes from: the first audio section with a port other than 0 and the protocol RTP/AVP or
+// RTP/AVPF; 0 when there is none. sections gets the number of its m= lines.
+unsigned streamSectionIndex(std::string_view text, unsigned& sections);
 
 }  // namespace sdp
 }  // namespace rune

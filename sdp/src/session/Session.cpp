@@ -47,7 +47,8 @@ Result readAgreedPreconditions(const std::string& offer, const std::string& answ
     MediaSection section;
     Result result = Description::parse(answer, parsed);
     if (result.isSuccess()) {
-        (void)parsed.section(streamSectionIndex(offer), section);
+        unsigned sections;
+        (void)parsed.section(streamSectionIndex(offer, sections), section);
         result = readPreconditions(section, PreconditionUse::Kept, preconditions);
     }
     if (result.isFailure()) {
@@ -136,10 +137,11 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
     rules.qosStatus = mQosStatus;
     rules.qosStrength = mQosStrength;
     if (hasAgreed()) {
-        // An offer that does not parse is refused below, as answering refuses it.
+        // An offer that does not parse is refused below, as answering refuses it. Looking for
+        // its m= lines costs less than the parse, which only an offer with fewer needs.
         Description parsed;
-        if (Description::parse(offer, parsed).isSuccess() &&
-            parsed.sectionCount() < mAgreedSections) {
+        if (!Description::hasMediaLines(offer, mAgreedSections) &&
+            Description::parse(offer, parsed).isSuccess()) {
             return sequenceRefusal("Offer removes a media section");
         }
         rules.agreed = agreedFormats(mAgreedStream);
@@ -215,7 +217,8 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam, "Bad origin line");
     }
     // Both texts share the stream's section index: accepting found the answer's there.
-    const unsigned index = streamSectionIndex(offer);
+    unsigned sections = 0;
+    const unsigned index = streamSectionIndex(offer, sections);
     Description parsed;
     RemoteMedia media;
     result = readSentSection(sent, index, parsed, media);
@@ -245,18 +248,18 @@ const Preconditions& Session::preconditions() const {
 }
 
 void Session::send(std::string& body) {
-    OriginParts origin{mOriginHead, mVersion, mOriginTail};
     if (!mSent) {
         // The first body carries the o= line that every later one repeats.
+        OriginParts origin;
         (void)readOriginLine(body, origin);
+        mOriginHead = origin.head;
+        mVersion = origin.version;
+        mOriginTail = origin.tail;
     } else if (!isSameButOrigin(body, mLastSent)) {
         // Wraps at 2^64, which RFC 8866 allows.
-        ++origin.version;
+        ++mVersion;
     }
-    writeOriginLine(origin, body);
-    mOriginHead = origin.head;
-    mVersion = origin.version;
-    mOriginTail = origin.tail;
+    writeOriginLine(mOriginHead, mVersion, mOriginTail, body);
     mSent = true;
     mLastSent = body;
 }
@@ -267,10 +270,8 @@ void Session::agree(const std::string& offer, const std::string& answer, Role ro
     mAgreedAnswer = answer;
     mAgreedRole = role;
     mPreconditions = std::move(preconditions);
-    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer);
-    Description parsed;
-    (void)Description::parse(offer, parsed);
-    mAgreedSections = parsed.sectionCount();
+    // Both texts were read: they parse, with as many m= lines.
+    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer, mAgreedSections);
 }
 
 }  // namespace sdp

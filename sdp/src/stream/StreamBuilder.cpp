@@ -23,11 +23,12 @@ StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::D
     return static_cast<StreamConfig::Direction>(direction & allowed);
 }
 
-void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction) {
+void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction,
+                         std::string_view remoteIp) {
     (void)stream.setDirection(direction);
-    const std::string address = stream.getRemoteIp();
-    stream.setHoldState(direction != StreamConfig::DirectionFullDuplex || address == "0.0.0.0" ||
-                        address == "::");
+    // Given, not read back: getRemoteIp() returns a copy.
+    stream.setHoldState(direction != StreamConfig::DirectionFullDuplex || remoteIp == "0.0.0.0" ||
+                        remoteIp == "::");
 }
 
 void startStream(const RemoteMedia& remote, StreamConfig& stream) {
@@ -42,7 +43,7 @@ void startStream(const RemoteMedia& remote, StreamConfig& stream) {
     stream.clearDownlinkCodecs();
     stream.setPdpContext(StreamConfig::PdpContext());
     (void)stream.setRemoteRtpPort(remote.port);
-    setDirectionAndHold(stream, mirror(remote.direction));
+    setDirectionAndHold(stream, mirror(remote.direction), remote.address);
     stream.setRtpProfile(remote.profile);
 }
 

@@ -110,6 +110,19 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
     return successResult();
 }
 
+bool Description::hasMediaLines(std::string_view text, unsigned count) {
+    // A description starts with v=0: every m= line follows a line end.
+    size_t at = 0;
+    for (unsigned found = 0; found < count; ++found) {
+        at = text.find("\nm=", at);
+        if (at == std::string_view::npos) {
+            return false;
+        }
+        ++at;
+    }
+    return true;
+}
+
 bool SectionCursor::next(MediaSection& section) {
     LineCursor lines(mRest, mNumber);
     Line line;

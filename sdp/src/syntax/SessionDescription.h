@@ -89,6 +89,9 @@ class Description {
     // complete only on success. The observer, when given, sees the lines on the way.
     static StreamConfig::Result parse(std::string_view text, Description& out,
                                       LineObserver* observer = nullptr);
+    // Whether count lines of text at least start with "m=": its sectionCount() is count or more
+    // when it parses. Read without a parse, up to the count-th such line.
+    static bool hasMediaLines(std::string_view text, unsigned count);
 
     // The session-level lines, v= included.
     LineCursor sessionLines() const { return {mSession, 1}; }
