@@ -95,7 +95,9 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangePeriod(ModeChang
         return makeResult<ResultTrait>(InvalidParam, "Bad mode change period: ", period);
     }
     mModeChangePeriod = period;
-    return successResult<ResultTrait>();
+    // The trait's shared success value stays exported from the library, as its ABI has it;
+    // elsewhere success is built in place (see internal/Results.h).
+    return Result::success();
 }
 
 AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(

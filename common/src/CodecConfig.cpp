@@ -45,7 +45,9 @@ CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
                                        "Bad band type: ", static_cast<int32_t>(bandType));
     }
     mBandType = bandType;
-    return successResult<ResultTrait>();
+    // The trait's shared success value stays exported from the library, as its ABI has it;
+    // elsewhere success is built in place (see internal/Results.h).
+    return Result::success();
 }
 
 CodecConfig::Result CodecConfig::check() const {

@@ -145,7 +145,9 @@ StreamConfig::Result StreamConfig::setDirection(Direction direction) {
         return makeResult<Trait>(InvalidParam, "Invalid direction : ", direction);
     }
     mDirection = direction;
-    return successResult<ResultTrait>();
+    // The trait's shared success value stays exported from the library, as its ABI has it;
+    // elsewhere success is built in place (see internal/Results.h).
+    return Result::success();
 }
 
 StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
