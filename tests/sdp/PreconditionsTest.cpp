@@ -2,6 +2,9 @@
 
 #include "SdpTestSupport.h"
 
+#include <algorithm>
+#include <sstream>
+
 using namespace velmora::testing;
 
 namespace {
@@ -9,21 +12,13 @@ namespace {
 typedef StreamConfig::Direction Direction;
 const Direction kNone = StreamConfig::DirectionInactive;
 const Direction kSend = StreamConfig::DirectionSendOnly;
-const Direction kRecv = StreamConfig::DirectionReceiveOnly;
 const Direction kSendRecv = StreamConfig::DirectionFullDuplex;
 using sdp::Strength;
 
-// An AMR-WB offer whose precondition lines, from line 8 on, are lines.
-std::string offerWith(const std::vector<const char*>& lines) {
-    std::string text = offer({"m=audio 49170 RTP/AVP 97", "a=rtpmap:97 AMR-WB/16000/1"});
-    for (const char* line : lines) text.append(line).append("\r\n");
-    return text + "a=sendrecv\r\n";
-}
-
-std::string joined(const std::vector<const char*>& lines) {
-    std::string text;
-    for (const char* line : lines) text.append(line).append("\r\n");
-    return text;
+// An AMR-WB offer whose precondition lines, from line 8 on, are rows.
+std::string offerWith(const std::string& rows) {
+    return offer({"m=audio 49170 RTP/AVP 97", "a=rtpmap:97 AMR-WB/16000/1"}) + rows +
+           "a=sendrecv\r\n";
 }
 
 sdp::Session answerer(Direction status, Strength strength) {
@@ -34,120 +29,61 @@ sdp::Session answerer(Direction status, Strength strength) {
 }
 
 struct AnswerCase {
-    std::vector<const char*> offered;
+    std::string title, offered, answered;
     // This side's.
     Direction status;
     Strength strength;
-    std::vector<const char*> answered;
     bool met;
 };
 
-// RFC 3312 section 5.2, the answerer's side.
-const AnswerCase kAnswerCases[] = {
-    // A VoLTE handset's first offer: nothing reserved on either side.
-    {{"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos optional remote sendrecv"},
-     kNone,
-     Strength::None,
-     {"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos optional local sendrecv",
-      "a=des:qos mandatory remote sendrecv", "a=conf:qos remote sendrecv"},
-     false},
-    // This side reserved and desires its own segment: its strength raises the offered one.
-    {{"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos optional remote sendrecv"},
-     kSendRecv,
-     Strength::Mandatory,
-     {"a=curr:qos local sendrecv", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos mandatory remote sendrecv", "a=conf:qos remote sendrecv"},
-     false},
-    // The offerer reserved already: no confirmation asked, met; a lower strength of this side
-    // does not lower the offered one.
-    {{"a=curr:qos local sendrecv", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos mandatory remote sendrecv"},
-     kSendRecv,
-     Strength::Optional,
-     {"a=curr:qos local sendrecv", "a=curr:qos remote sendrecv",
-      "a=des:qos mandatory local sendrecv", "a=des:qos mandatory remote sendrecv"},
-     true},
-    // Send and receive swap sides; a reservation in one direction covers that direction only.
-    {{"a=curr:qos local send", "a=curr:qos remote none", "a=des:qos mandatory local send",
-      "a=des:qos optional remote recv"},
-     kSend,
-     Strength::None,
-     {"a=curr:qos local send", "a=curr:qos remote recv", "a=des:qos optional local send",
-      "a=des:qos mandatory remote recv"},
-     true},
-    {{"a=curr:qos local recv", "a=des:qos mandatory local sendrecv"},
-     kRecv,
-     Strength::None,
-     {"a=curr:qos local recv", "a=curr:qos remote send", "a=des:qos mandatory remote sendrecv",
-      "a=conf:qos remote sendrecv"},
-     false},
-    // Strength none asks for nothing; rows in any order come back in a body's order; the
-    // confirmation the offer asks of this side is no row of the answer's.
-    {{"a=conf:qos remote sendrecv", "a=des:qos none remote sendrecv", "a=des:qos none local send",
-      "a=curr:qos remote none", "a=curr:qos local none"},
-     kNone,
-     Strength::Optional,
-     {"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos optional local sendrecv",
-      "a=des:qos none remote recv"},
-     true},
-    // Of two rows of the same kind, type and status type, the first counts.
-    {{"a=curr:qos local send", "a=curr:qos local none", "a=des:qos mandatory local send"},
-     kNone,
-     Strength::None,
-     {"a=curr:qos local none", "a=curr:qos remote recv", "a=des:qos mandatory remote recv"},
-     true},
-    // End to end: echoed, the answer adds no segment of its own.
-    {{"a=curr:qos e2e send", "a=des:qos mandatory e2e sendrecv"},
-     kSendRecv,
-     Strength::Mandatory,
-     {"a=curr:qos e2e recv", "a=des:qos mandatory e2e sendrecv"},
-     false},
-    // A segmented offer without this side's rows gets them.
-    {{"a=des:qos optional local sendrecv"},
-     kSend,
-     Strength::Mandatory,
-     {"a=curr:qos local send", "a=des:qos mandatory local sendrecv",
-      "a=des:qos optional remote sendrecv"},
-     false},
-    // Unknown types: the offerer's own segment is its business; optional and none are echoed.
-    {{"a=des:foo mandatory local sendrecv", "a=des:bar optional remote send",
-      "a=des:baz none e2e sendrecv"},
-     kNone,
-     Strength::Mandatory,
-     {"a=des:bar optional local recv", "a=des:foo mandatory remote sendrecv",
-      "a=des:baz none e2e sendrecv", "a=conf:foo remote sendrecv"},
-     false},
-    // What an answer says of a precondition it cannot meet is kept.
-    {{"a=curr:qos local none", "a=des:qos failure local sendrecv",
-      "a=des:qos unknown remote sendrecv"},
-     kNone,
-     Strength::Mandatory,
-     {"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos unknown local sendrecv",
-      "a=des:qos failure remote sendrecv"},
-     true},
-    // No preconditions offered, none answered, whatever this side desires.
-    {{}, kSendRecv, Strength::Mandatory, {}, true},
-};
+// The index of word in words, as the enums number their values.
+template <size_t N>
+int indexOf(const char* const (&words)[N], const std::string& word) {
+    return static_cast<int>(std::find(words, words + N, word) - words);
+}
+
+// The cases of tests/sdp/data/precondition-answers.txt.
+std::vector<AnswerCase> answerCases() {
+    static const char* const kStatuses[] = {"none", "send", "recv", "sendrecv"};
+    static const char* const kStrengths[] = {"none", "optional", "mandatory"};
+    std::vector<AnswerCase> cases;
+    std::istringstream lines(dataText("precondition-answers.txt", "\n"));
+    bool answered = false;
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string mark, status, strength, met;
+        if (line.compare(0, 2, "> ") == 0) {
+            cases.push_back({line.substr(2), "", "", kNone, Strength::None, false});
+            answered = false;
+        } else if (line[0] == '=' && words >> mark >> status >> strength >> met) {
+            cases.back().status = static_cast<Direction>(indexOf(kStatuses, status));
+            cases.back().strength = static_cast<Strength>(indexOf(kStrengths, strength));
+            cases.back().met = met == "met";
+            answered = true;
+        } else if (!cases.empty()) {
+            (answered ? cases.back().answered : cases.back().offered) += line + "\r\n";
+        }
+    }
+    return cases;
+}
 
 TEST(PreconditionsTest, AnswersTheOfferedRows) {
-    for (const AnswerCase& c : kAnswerCases) {
-        SCOPED_TRACE(joined(c.offered));
+    for (const AnswerCase& c : answerCases()) {
+        SCOPED_TRACE(c.title);
         // The answer is the one of the offer without preconditions, with the rows before the
         // direction.
         sdp::Session plain = answerer(kNone, Strength::None);
         StreamConfig stream;
         std::string expected;
-        ASSERT_TRUE(plain.answerOffer(offerWith({}), stream, expected).isSuccess());
-        expected.insert(expected.find("a=sendrecv\r\n"), joined(c.answered));
+        ASSERT_TRUE(plain.answerOffer(offerWith(""), stream, expected).isSuccess());
+        expected.insert(expected.find("a=sendrecv\r\n"), c.answered);
         sdp::Session session = answerer(c.status, c.strength);
         std::string answer;
         ASSERT_TRUE(session.answerOffer(offerWith(c.offered), stream, answer).isSuccess());
         EXPECT_EQ(expected, answer);
         std::string rows;
         for (const auto& row : session.preconditions().rows()) rows += row.toString() + "\r\n";
-        EXPECT_EQ(joined(c.answered), rows);
+        EXPECT_EQ(c.answered, rows);
         EXPECT_EQ(c.met, session.preconditions().met());
         expectOthersReadAlike(answer);
     }
@@ -172,7 +108,7 @@ TEST(PreconditionsTest, RefusesRowsItCannotReadOrMeet) {
         {"a=des:foo mandatory e2e send", kUnsupported},
     };
     for (const auto& c : cases) {
-        const std::string text = offerWith({"a=curr:qos local none", c.first});
+        const std::string text = offerWith(sdpText({"a=curr:qos local none", c.first}));
         sdp::Session session = answerer(kNone, Strength::None);
         StreamConfig stream;
         std::string answer = "untouched";
@@ -196,7 +132,7 @@ TEST(PreconditionsTest, AcceptingRefusesAnAnswerRowItCannotRead) {
 
 TEST(PreconditionsTest, SectionsWithPortZeroCarryNone) {
     const std::string text =
-        offerWith({}) + sdpText({"m=audio 0 RTP/AVP 97", "a=curr:qos local", "a=des:foo"});
+        offerWith("") + sdpText({"m=audio 0 RTP/AVP 97", "a=curr:qos local", "a=des:foo"});
     sdp::Session session = answerer(kNone, Strength::Mandatory);
     StreamConfig stream;
     std::string answer;
