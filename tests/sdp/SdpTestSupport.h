@@ -130,6 +130,20 @@ inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
                                                              : direction;
 }
 
+// The codecs of the list that has them, each as " payload type/clock rate".
+inline std::string codecsSeen(const StreamConfig& stream) {
+    const bool downlink = stream.getDownlinkCodecCount() > 0;
+    std::string out;
+    for (unsigned int i = 0;
+         i < (downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount()); ++i) {
+        const CodecConfig& codec =
+            *(downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i));
+        out += " " + std::to_string(codec.getPayloadType()) +
+               (codec.getBandType() == BandTypeWb ? "/16000" : "/8000");
+    }
+    return out;
+}
+
 // Listing no mode supports every mode.
 inline AmrCodecCapabilities amrCaps(BandType band, std::vector<int> modes = {}) {
     AmrCodecCapabilities amr;

@@ -74,17 +74,8 @@ std::string digest(const std::string& body) {
 // The stream's direction, whether it is held, and its codecs (payload type/clock rate).
 std::string seen(const StreamConfig& stream) {
     static const char* const kNames[] = {"inactive", "sendonly", "recvonly", "sendrecv"};
-    std::string out =
-        std::string("stream ") + kNames[stream.getDirection()] + (stream.isHeld() ? " held" : "");
-    const bool downlink = stream.getDownlinkCodecCount() > 0;
-    for (unsigned int i = 0;
-         i < (downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount()); ++i) {
-        const CodecConfig& codec =
-            *(downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i));
-        out += " " + std::to_string(codec.getPayloadType()) +
-               (codec.getBandType() == BandTypeWb ? "/16000" : "/8000");
-    }
-    return out + "\n";
+    return std::string("stream ") + kNames[stream.getDirection()] +
+           (stream.isHeld() ? " held" : "") + codecsSeen(stream) + "\n";
 }
 
 // Runs one step of a dialog between us and peer, giving what it expects.
