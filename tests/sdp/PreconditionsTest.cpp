@@ -90,29 +90,11 @@ TEST(PreconditionsTest, AnswersTheOfferedRows) {
 }
 
 TEST(PreconditionsTest, RefusesRowsItCannotReadOrMeet) {
-    const char* const kBad = "Invalid Param (Code 1002): Bad precondition";
-    const char* const kUnsupported =
-        "Invalid Configuration (Code 1003): Unsupported precondition: foo";
-    const std::pair<const char*, const char*> cases[] = {
-        {"a=curr:qos local", kBad},
-        {"a=curr:qos local none none", kBad},
-        {"a=curr:qos mandatory local none", kBad},
-        {"a=des:qos local sendrecv", kBad},
-        {"a=des:qos strong local sendrecv", kBad},
-        {"a=conf:qos both sendrecv", kBad},
-        {"a=curr:qos local sendonly", kBad},
-        {"a=curr:q@s local none", kBad},
-        {"a=curr:", kBad},
-        {"a=des", kBad},
-        {"a=des:foo mandatory remote sendrecv", kUnsupported},
-        {"a=des:foo mandatory e2e send", kUnsupported},
-    };
-    for (const auto& c : cases) {
-        const std::string text = offerWith(sdpText({"a=curr:qos local none", c.first}));
+    for (const Case& c : dataCases("precondition-refusals.txt")) {
         sdp::Session session = answerer(kNone, Strength::None);
         StreamConfig stream;
         std::string answer = "untouched";
-        EXPECT_EQ(refusal(c.second, text, 9), session.answerOffer(text, stream, answer).format());
+        EXPECT_EQ(c.expected, session.answerOffer(c.text, stream, answer).format());
         EXPECT_EQ("untouched", answer);
     }
 }
