@@ -54,7 +54,8 @@ inline std::string offer(std::initializer_list<const char*> media) {
            sdpText(media);
 }
 
-// Local endpoints the model refuses, and its refusal.
+// Local endpoints the model refuses, and its refusal: text after an address, and a privileged
+// port (UtilsTest pins the bounds).
 struct BadEndpoint {
     const char* ip;
     int port;
@@ -63,10 +64,6 @@ struct BadEndpoint {
 const BadEndpoint kBadEndpoints[] = {
     {"1.2.3.4\r\na=injected", 49152,
      "Invalid Param (Code 1002): Invalid internet address : 1.2.3.4\r\na=injected"},
-    {"", 49152, "Invalid Param (Code 1002): Invalid internet address : "},
-    {"192.0.2.10", -5, "Invalid Param (Code 1002): Invalid socket port: -5"},
-    {"192.0.2.10", 0, "Invalid Param (Code 1002): Invalid socket port: 0"},
-    {"192.0.2.10", 65536, "Invalid Param (Code 1002): Invalid socket port: 65536"},
     {"192.0.2.10", 1023, "Invalid Param (Code 1002): Invalid socket port: 1023"},
 };
 
