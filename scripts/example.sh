@@ -48,7 +48,9 @@ answer_to build/a.sdp --address 198.51.100.20 --port 49152 --session-id 40000000
 body build/o.sdp "the offer (lines end in CRLF)"
 body build/a.sdp "the answer"
 heading "What accept prints: the stream the offerer sets up"
-run $rune_sdp accept build/o.sdp build/a.sdp
+echo "\$ $rune_sdp accept build/o.sdp build/a.sdp"
+agreed=$($rune_sdp accept build/o.sdp build/a.sdp)
+echo "$agreed"
 
 heading "A hold and a resume in five more commands"
 run $rune_sdp offer --our-offer build/o.sdp --their-answer build/a.sdp --direction sendonly \
@@ -62,8 +64,14 @@ body build/hold.sdp "the hold re-offer"
 body build/hold-answer.sdp "its answer"
 body build/resume.sdp "the resume re-offer"
 body build/resume-answer.sdp "its answer"
-heading "What accept prints after the resume: the stream of the call set-up again"
-run $rune_sdp accept build/resume.sdp build/resume-answer.sdp
+heading "What accept prints after the resume"
+echo "\$ $rune_sdp accept build/resume.sdp build/resume-answer.sdp"
+resumed=$($rune_sdp accept build/resume.sdp build/resume-answer.sdp)
+if [ "$resumed" = "$agreed" ]; then
+  echo "(the stream of the call set-up again, line for line: full duplex, not held)"
+else
+  echo "$resumed"
+fi
 
 heading "VoLTE preconditions: the answer to a handset's offer, its rows, and this side's UPDATE"
 answer_to build/volte-answer.sdp --address 198.51.100.20 --port 49152 --session-id 4000000003 \
