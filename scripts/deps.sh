@@ -13,28 +13,6 @@ host_packages=(cmake ninja-build g++ pkg-config clang clang-format clang-tidy li
   libgstreamer-plugins-base1.0-dev libsofia-sip-ua-dev)
 armhf_packages=(g++-arm-linux-gnueabihf qemu-user android-liblog-dev:armhf libgtest-dev:armhf)
 
-missing() {
-  local package
-  for package in "$@"; do
-    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
-      echo "$package"
-  done
-}
-
 want=("${host_packages[@]}")
 [ "${1:-}" = "--host-only" ] || want+=("${armhf_packages[@]}")
-mapfile -t todo < <(missing "${want[@]}")
-[ ${#todo[@]} -eq 0 ] && exit 0
-
-sudo=()
-[ "$(id -u)" -eq 0 ] || sudo=(sudo)
-if ! dpkg --print-foreign-architectures | grep -qx armhf && [ "${1:-}" != "--host-only" ]; then
-  "${sudo[@]}" dpkg --add-architecture armhf
-fi
-# A mirror in mid-sync can fail one index; retry, then go on with what was fetched.
-for attempt in 1 2 3; do
-  "${sudo[@]}" apt-get update -q && break
-  echo "apt-get update failed (attempt $attempt)" >&2
-  sleep $((attempt * 5))
-done
-DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -q --no-install-recommends "${todo[@]}"
+exec "$(dirname "$0")/install-packages.sh" "${want[@]}"

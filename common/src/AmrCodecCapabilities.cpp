@@ -95,8 +95,6 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangePeriod(ModeChang
         return makeResult<ResultTrait>(InvalidParam, "Bad mode change period: ", period);
     }
     mModeChangePeriod = period;
-    // The trait's shared success value stays exported from the library, as its ABI has it;
-    // elsewhere success is built in place (see internal/Results.h).
     return Result::success();
 }
 
@@ -106,7 +104,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(
         return makeResult<ResultTrait>(InvalidParam, "Bad mode change capability: ", capability);
     }
     mModeChangeCapability = capability;
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 AmrCodecCapabilities::Result AmrCodecCapabilities::addSupportedAmrRate(AmrRate rate) {
@@ -117,7 +115,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::addSupportedAmrRate(AmrRate r
         mSupportedAmrRates.end()) {
         mSupportedAmrRates.push_back(rate);
     }
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 unsigned int AmrCodecCapabilities::getSupportedAmrRateCount() const {

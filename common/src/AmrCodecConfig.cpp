@@ -187,7 +187,7 @@ AmrCodecConfig::Result AmrCodecConfig::check() const {
             return makeResult<ResultTrait>(InvalidConfiguration, "Invalid rate: ", rate);
         }
     }
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 AmrCodecConfig* AmrCodecConfig::clone() const {
@@ -245,7 +245,7 @@ AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
     if (!containAmrRate(rate)) {
         mAmrRates.push_back(rate);
     }
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 unsigned int AmrCodecConfig::getAmrRateCount() const {

@@ -45,13 +45,11 @@ CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
                                        "Bad band type: ", static_cast<int32_t>(bandType));
     }
     mBandType = bandType;
-    // The trait's shared success value stays exported from the library, as its ABI has it;
-    // elsewhere success is built in place (see internal/Results.h).
     return Result::success();
 }
 
 CodecConfig::Result CodecConfig::check() const {
-    Result result = successResult<ResultTrait>();
+    Result result = Result::success();
     if (mPacketTime == 0) {
         result &=
             makeResult<ResultTrait>(InvalidConfiguration, "Packet time must be greater than 0");

@@ -145,8 +145,6 @@ StreamConfig::Result StreamConfig::setDirection(Direction direction) {
         return makeResult<Trait>(InvalidParam, "Invalid direction : ", direction);
     }
     mDirection = direction;
-    // The trait's shared success value stays exported from the library, as its ABI has it;
-    // elsewhere success is built in place (see internal/Results.h).
     return Result::success();
 }
 
@@ -155,7 +153,7 @@ StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
         return makeResult<Trait>(InvalidParam, "Invalid socket port: ", port);
     }
     mRemoteRtpPort = port;
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
@@ -163,7 +161,7 @@ StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
         return makeResult<Trait>(InvalidParam, "Invalid internet address : ", address);
     }
     mRemoteIp = address;
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 // The clone is not released when the list refuses it (see the header).
@@ -204,7 +202,7 @@ StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& codecs) {
             return result;
         }
     }
-    return successResult<ResultTrait>();
+    return Result::success();
 }
 
 std::string StreamConfig::toString() const {

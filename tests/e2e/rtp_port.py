@@ -3,6 +3,8 @@
 import socket
 import time
 
+from datagrams import receive_before
+
 TELEPHONE_EVENT_END = 0x80
 
 
@@ -64,14 +66,10 @@ class RtpPort:
         """The first packet that accept() takes, or None after timeout."""
         end = min(time.monotonic() + timeout, self.deadline())
         while True:
-            left = end - time.monotonic()
-            if left <= 0:
+            received = receive_before(self.socket, end)
+            if received is None:
                 return None
-            self.socket.settimeout(left)
-            try:
-                packet = Packet(self.socket.recv(65535))
-            except socket.timeout:
-                return None
+            packet = Packet(received[0])
             if packet.valid and accept(packet):
                 return packet
 

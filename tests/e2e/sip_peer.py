@@ -6,6 +6,8 @@ import re
 import socket
 import time
 
+from datagrams import receive_before
+
 T1 = 0.5
 
 
@@ -142,14 +144,10 @@ class SipPeer:
         """The next message that is new to the dialog; repeats are answered here."""
         end = min(time.monotonic() + timeout, self.deadline())
         while True:
-            left = end - time.monotonic()
-            if left <= 0:
+            received = receive_before(self.socket, end)
+            if received is None:
                 return None
-            self.socket.settimeout(left)
-            try:
-                data, address = self.socket.recvfrom(65535)
-            except socket.timeout:
-                return None
+            data, address = received
             message = Message(data)
             self.log(f"<<< from {address[0]}:{address[1]}\n{message.text}")
             reply = self.earlier_reply(message)

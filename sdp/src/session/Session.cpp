@@ -60,6 +60,12 @@ Result readAgreedPreconditions(const std::string& offer, const std::string& answ
     return result;
 }
 
+// The model's check of a direction value.
+Result checkDirection(StreamConfig::Direction direction) {
+    StreamConfig probe;
+    return probe.setDirection(direction);
+}
+
 }  // namespace
 
 // The public signature takes references, as the free functions do.
@@ -171,8 +177,7 @@ Result Session::setLocalEndpoint(const std::string& localIp, int localPort) {
 }
 
 Result Session::setLocalDirection(StreamConfig::Direction direction) {
-    StreamConfig probe;
-    Result result = probe.setDirection(direction);
+    Result result = checkDirection(direction);
     if (result.isFailure()) {
         return result;
     }
@@ -181,8 +186,7 @@ Result Session::setLocalDirection(StreamConfig::Direction direction) {
 }
 
 Result Session::setQosStatus(StreamConfig::Direction local) {
-    StreamConfig probe;
-    Result result = probe.setDirection(local);
+    Result result = checkDirection(local);
     if (result.isFailure()) {
         return result;
     }
