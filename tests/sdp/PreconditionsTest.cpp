@@ -9,10 +9,6 @@ using namespace velmora::testing;
 
 namespace {
 
-typedef StreamConfig::Direction Direction;
-const Direction kNone = StreamConfig::DirectionInactive;
-const Direction kSend = StreamConfig::DirectionSendOnly;
-const Direction kSendRecv = StreamConfig::DirectionFullDuplex;
 using sdp::Strength;
 
 // An AMR-WB offer whose precondition lines, from line 8 on, are rows.
@@ -53,7 +49,7 @@ std::vector<AnswerCase> answerCases() {
         std::istringstream words(line);
         std::string mark, status, strength, met;
         if (line.compare(0, 2, "> ") == 0) {
-            cases.push_back({line.substr(2), "", "", kNone, Strength::None, false});
+            cases.push_back({line.substr(2), "", "", kInactive, Strength::None, false});
             answered = false;
         } else if (line[0] == '=' && words >> mark >> status >> strength >> met) {
             cases.back().status = static_cast<Direction>(indexOf(kStatuses, status));
@@ -72,7 +68,7 @@ TEST(PreconditionsTest, AnswersTheOfferedRows) {
         SCOPED_TRACE(c.title);
         // The answer is the one of the offer without preconditions, with the rows before the
         // direction.
-        sdp::Session plain = answerer(kNone, Strength::None);
+        sdp::Session plain = answerer(kInactive, Strength::None);
         StreamConfig stream;
         std::string expected;
         ASSERT_TRUE(plain.answerOffer(offerWith(""), stream, expected).isSuccess());
@@ -91,7 +87,7 @@ TEST(PreconditionsTest, AnswersTheOfferedRows) {
 
 TEST(PreconditionsTest, RefusesRowsItCannotReadOrMeet) {
     for (const Case& c : dataCases("precondition-refusals.txt")) {
-        sdp::Session session = answerer(kNone, Strength::None);
+        sdp::Session session = answerer(kInactive, Strength::None);
         StreamConfig stream;
         std::string answer = "untouched";
         EXPECT_EQ(c.expected, session.answerOffer(c.text, stream, answer).format());
@@ -104,7 +100,7 @@ TEST(PreconditionsTest, AcceptingRefusesAnAnswerRowItCannotRead) {
     std::string offer, answer;
     StreamConfig stream;
     ASSERT_TRUE(caller.createOffer(offer).isSuccess());
-    ASSERT_TRUE(answerer(kNone, Strength::None).answerOffer(offer, stream, answer).isSuccess());
+    ASSERT_TRUE(answerer(kInactive, Strength::None).answerOffer(offer, stream, answer).isSuccess());
     answer.insert(answer.find("a=sendrecv"), "a=curr:qos local maybe\r\n");
     StreamConfig untouched;
     EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad precondition", answer, 16, "answer "),
@@ -115,7 +111,7 @@ TEST(PreconditionsTest, AcceptingRefusesAnAnswerRowItCannotRead) {
 TEST(PreconditionsTest, SectionsWithPortZeroCarryNone) {
     const std::string text =
         offerWith("") + sdpText({"m=audio 0 RTP/AVP 97", "a=curr:qos local", "a=des:foo"});
-    sdp::Session session = answerer(kNone, Strength::Mandatory);
+    sdp::Session session = answerer(kInactive, Strength::Mandatory);
     StreamConfig stream;
     std::string answer;
     EXPECT_EQ("Success", session.answerOffer(text, stream, answer).format());
@@ -133,7 +129,7 @@ TEST(PreconditionsTest, MetWhenEveryMandatoryRowIsCovered) {
     } cases[] = {
         {{}, true},
         {{wanted}, false},
-        {{wanted, {Kind::Current, "qos", Strength::None, Status::Local, kSend}}, false},
+        {{wanted, {Kind::Current, "qos", Strength::None, Status::Local, kSendOnly}}, false},
         {{wanted, {Kind::Current, "qos", Strength::None, Status::Remote, kSendRecv}}, false},
         {{wanted, {Kind::Current, "foo", Strength::None, Status::Local, kSendRecv}}, false},
         {{wanted, {Kind::Current, "qos", Strength::None, Status::Local, kSendRecv}}, true},
@@ -151,7 +147,7 @@ TEST(PreconditionsTest, MetWhenEveryMandatoryRowIsCovered) {
 // the hold re-offer after it keeps the current status.
 TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
     sdp::Session caller(anyAmr(), "192.0.2.20", 40000, sdp::Origin{"-", 5, 1});
-    sdp::Session callee = answerer(kNone, Strength::Mandatory);
+    sdp::Session callee = answerer(kInactive, Strength::Mandatory);
     ASSERT_TRUE(caller.setQosStrength(Strength::Mandatory).isSuccess());
     std::string offer, answer;
     StreamConfig stream;
@@ -163,7 +159,7 @@ TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
         Direction calleeStatus;
         bool met;
     } steps[] = {
-        {"qos-invite-offer.sdp", "qos-invite-answer.sdp", kNone, kNone, false},
+        {"qos-invite-offer.sdp", "qos-invite-answer.sdp", kInactive, kInactive, false},
         {"qos-update-offer.sdp", "qos-update-answer.sdp", kSendRecv, kSendRecv, true},
     };
     for (const auto& step : steps) {
@@ -182,7 +178,7 @@ TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
     }
     // Both sides see the same rows from their own side, restored too.
     for (const sdp::Role role : {sdp::Role::Offerer, sdp::Role::Answerer}) {
-        sdp::Session restored = answerer(kNone, Strength::None);
+        sdp::Session restored = answerer(kInactive, Strength::None);
         ASSERT_TRUE(sdp::Session::restore(anyAmr(), offer, answer, role, restored).isSuccess());
         EXPECT_EQ(role == sdp::Role::Offerer ? caller.preconditions() : callee.preconditions(),
                   restored.preconditions());
@@ -194,7 +190,7 @@ TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
 }
 
 TEST(PreconditionsTest, LocalStateTakesItsValuesOnly) {
-    sdp::Session session = answerer(kNone, Strength::None);
+    sdp::Session session = answerer(kInactive, Strength::None);
     EXPECT_EQ("Invalid Param (Code 1002): Invalid direction : 4",
               session.setQosStatus(static_cast<Direction>(4)).format());
     EXPECT_EQ("Invalid Param (Code 1002): Invalid strength : 3",

@@ -120,11 +120,15 @@ inline StreamConfig placedStream(const std::string& ip, int port, StreamConfig::
     return stream;
 }
 
+typedef StreamConfig::Direction Direction;
+const Direction kInactive = StreamConfig::DirectionInactive;
+const Direction kSendOnly = StreamConfig::DirectionSendOnly;
+const Direction kRecvOnly = StreamConfig::DirectionReceiveOnly;
+const Direction kSendRecv = StreamConfig::DirectionFullDuplex;
+
 // The direction of the other side.
-inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
-    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
-           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
-                                                             : direction;
+inline Direction mirrored(Direction direction) {
+    return direction == kSendOnly ? kRecvOnly : direction == kRecvOnly ? kSendOnly : direction;
 }
 
 // The codecs of the list that has them, each as " payload type/clock rate".

@@ -12,11 +12,6 @@ using namespace velmora::testing;
 
 namespace {
 
-const StreamConfig::Direction kBoth = StreamConfig::DirectionFullDuplex;
-const StreamConfig::Direction kSend = StreamConfig::DirectionSendOnly;
-const StreamConfig::Direction kReceive = StreamConfig::DirectionReceiveOnly;
-const StreamConfig::Direction kNone = StreamConfig::DirectionInactive;
-
 struct Step {
     // Whether we make the offer, or the peer does.
     bool ours;
@@ -38,25 +33,25 @@ struct Dialog {
 // ours keep the agreed ones.
 const Dialog kDialogs[] = {
     {"we call, hold and resume",
-     {{true, kBoth, "", kBoth, " 96/16000 101/8000"},
-      {true, kSend, "", kSend, " 96/16000 101/8000"},
-      {true, kBoth, "", kBoth, " 96/16000 101/8000"}}},
+     {{true, kSendRecv, "", kSendRecv, " 96/16000 101/8000"},
+      {true, kSendOnly, "", kSendOnly, " 96/16000 101/8000"},
+      {true, kSendRecv, "", kSendRecv, " 96/16000 101/8000"}}},
     {"the peer calls, holds and resumes",
-     {{false, kBoth, "", kBoth, " 100/16000 102/8000"},
-      {false, kBoth, "audio", kReceive, " 100/16000 102/8000"},
-      {false, kBoth, "", kBoth, " 100/16000 102/8000"}}},
+     {{false, kSendRecv, "", kSendRecv, " 100/16000 102/8000"},
+      {false, kSendRecv, "audio", kRecvOnly, " 100/16000 102/8000"},
+      {false, kSendRecv, "", kSendRecv, " 100/16000 102/8000"}}},
     {"both hold, each resumes",
-     {{true, kBoth, "", kBoth, " 96/16000 101/8000"},
-      {false, kBoth, "audio", kReceive, " 100/16000 102/8000"},
-      {true, kSend, "audio", kNone, " 100/16000 102/8000"},
-      {false, kSend, "", kSend, " 100/16000 102/8000"},
-      {true, kBoth, "", kBoth, " 100/16000 102/8000"}}},
+     {{true, kSendRecv, "", kSendRecv, " 96/16000 101/8000"},
+      {false, kSendRecv, "audio", kRecvOnly, " 100/16000 102/8000"},
+      {true, kSendOnly, "audio", kInactive, " 100/16000 102/8000"},
+      {false, kSendOnly, "", kSendOnly, " 100/16000 102/8000"},
+      {true, kSendRecv, "", kSendRecv, " 100/16000 102/8000"}}},
     {"the peer holds inactive, we offer under its hold",
-     {{false, kBoth, "", kBoth, " 100/16000 102/8000"},
-      {false, kBoth, "#", kNone, " 100/16000 102/8000"},
-      {true, kBoth, "#", kNone, " 100/16000 102/8000"},
-      {false, kReceive, "", kReceive, " 100/16000 102/8000"},
-      {true, kBoth, "", kBoth, " 100/16000 102/8000"}}},
+     {{false, kSendRecv, "", kSendRecv, " 100/16000 102/8000"},
+      {false, kSendRecv, "#", kInactive, " 100/16000 102/8000"},
+      {true, kSendRecv, "#", kInactive, " 100/16000 102/8000"},
+      {false, kRecvOnly, "", kRecvOnly, " 100/16000 102/8000"},
+      {true, kSendRecv, "", kSendRecv, " 100/16000 102/8000"}}},
 };
 
 // One exchange of the dialog; the stream we agreed on.
@@ -89,7 +84,7 @@ TEST(SessionPeerTest, DialogsAgreeWithSofia) {
             const Step& step = dialog.steps[i];
             const StreamConfig stream = exchange(step, session, peer);
             EXPECT_EQ(step.agreed, stream.getDirection());
-            EXPECT_EQ(step.agreed != kBoth, stream.isHeld());
+            EXPECT_EQ(step.agreed != kSendRecv, stream.isHeld());
             EXPECT_EQ(mirrored(step.agreed), peer.audio());
             EXPECT_EQ(step.codecs, codecsSeen(stream));
         }

@@ -9,11 +9,6 @@ using namespace velmora::testing;
 
 namespace {
 
-typedef StreamConfig::Direction Direction;
-const Direction kSendRecv = StreamConfig::DirectionFullDuplex;
-const Direction kSendOnly = StreamConfig::DirectionSendOnly;
-const Direction kRecvOnly = StreamConfig::DirectionReceiveOnly;
-
 // What happens in a step of a dialog, seen from this side.
 enum class Act {
     // This side offers, the peer answers, this side accepts.
