@@ -2,28 +2,19 @@
 
 #include "SdpTestSupport.h"
 
+#include <algorithm>
+#include <sstream>
+
 using namespace velmora::testing;
 
 namespace {
 
-typedef StreamConfig::Direction Direction;
-const Direction kNone = StreamConfig::DirectionInactive;
-const Direction kSend = StreamConfig::DirectionSendOnly;
-const Direction kRecv = StreamConfig::DirectionReceiveOnly;
-const Direction kSendRecv = StreamConfig::DirectionFullDuplex;
 using sdp::Strength;
 
-// An AMR-WB offer whose precondition lines, from line 8 on, are lines.
-std::string offerWith(const std::vector<const char*>& lines) {
-    std::string text = offer({"m=audio 49170 RTP/AVP 97", "a=rtpmap:97 AMR-WB/16000/1"});
-    for (const char* line : lines) text.append(line).append("\r\n");
-    return text + "a=sendrecv\r\n";
-}
-
-std::string joined(const std::vector<const char*>& lines) {
-    std::string text;
-    for (const char* line : lines) text.append(line).append("\r\n");
-    return text;
+// An AMR-WB offer whose precondition lines, from line 8 on, are rows.
+std::string offerWith(const std::string& rows) {
+    return offer({"m=audio 49170 RTP/AVP 97", "a=rtpmap:97 AMR-WB/16000/1"}) + rows +
+           "a=sendrecv\r\n";
 }
 
 sdp::Session answerer(Direction status, Strength strength) {
@@ -34,149 +25,72 @@ sdp::Session answerer(Direction status, Strength strength) {
 }
 
 struct AnswerCase {
-    std::vector<const char*> offered;
+    std::string title, offered, answered;
     // This side's.
     Direction status;
     Strength strength;
-    std::vector<const char*> answered;
     bool met;
 };
 
-// RFC 3312 section 5.2, the answerer's side.
-const AnswerCase kAnswerCases[] = {
-    // A VoLTE handset's first offer: nothing reserved on either side.
-    {{"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos optional remote sendrecv"},
-     kNone,
-     Strength::None,
-     {"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos optional local sendrecv",
-      "a=des:qos mandatory remote sendrecv", "a=conf:qos remote sendrecv"},
-     false},
-    // This side reserved and desires its own segment: its strength raises the offered one.
-    {{"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos optional remote sendrecv"},
-     kSendRecv,
-     Strength::Mandatory,
-     {"a=curr:qos local sendrecv", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos mandatory remote sendrecv", "a=conf:qos remote sendrecv"},
-     false},
-    // The offerer reserved already: no confirmation asked, met; a lower strength of this side
-    // does not lower the offered one.
-    {{"a=curr:qos local sendrecv", "a=curr:qos remote none", "a=des:qos mandatory local sendrecv",
-      "a=des:qos mandatory remote sendrecv"},
-     kSendRecv,
-     Strength::Optional,
-     {"a=curr:qos local sendrecv", "a=curr:qos remote sendrecv",
-      "a=des:qos mandatory local sendrecv", "a=des:qos mandatory remote sendrecv"},
-     true},
-    // Send and receive swap sides; a reservation in one direction covers that direction only.
-    {{"a=curr:qos local send", "a=curr:qos remote none", "a=des:qos mandatory local send",
-      "a=des:qos optional remote recv"},
-     kSend,
-     Strength::None,
-     {"a=curr:qos local send", "a=curr:qos remote recv", "a=des:qos optional local send",
-      "a=des:qos mandatory remote recv"},
-     true},
-    {{"a=curr:qos local recv", "a=des:qos mandatory local sendrecv"},
-     kRecv,
-     Strength::None,
-     {"a=curr:qos local recv", "a=curr:qos remote send", "a=des:qos mandatory remote sendrecv",
-      "a=conf:qos remote sendrecv"},
-     false},
-    // Strength none asks for nothing; rows in any order come back in a body's order; the
-    // confirmation the offer asks of this side is no row of the answer's.
-    {{"a=conf:qos remote sendrecv", "a=des:qos none remote sendrecv", "a=des:qos none local send",
-      "a=curr:qos remote none", "a=curr:qos local none"},
-     kNone,
-     Strength::Optional,
-     {"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos optional local sendrecv",
-      "a=des:qos none remote recv"},
-     true},
-    // Of two rows of the same kind, type and status type, the first counts.
-    {{"a=curr:qos local send", "a=curr:qos local none", "a=des:qos mandatory local send"},
-     kNone,
-     Strength::None,
-     {"a=curr:qos local none", "a=curr:qos remote recv", "a=des:qos mandatory remote recv"},
-     true},
-    // End to end: echoed, the answer adds no segment of its own.
-    {{"a=curr:qos e2e send", "a=des:qos mandatory e2e sendrecv"},
-     kSendRecv,
-     Strength::Mandatory,
-     {"a=curr:qos e2e recv", "a=des:qos mandatory e2e sendrecv"},
-     false},
-    // A segmented offer without this side's rows gets them.
-    {{"a=des:qos optional local sendrecv"},
-     kSend,
-     Strength::Mandatory,
-     {"a=curr:qos local send", "a=des:qos mandatory local sendrecv",
-      "a=des:qos optional remote sendrecv"},
-     false},
-    // Unknown types: the offerer's own segment is its business; optional and none are echoed.
-    {{"a=des:foo mandatory local sendrecv", "a=des:bar optional remote send",
-      "a=des:baz none e2e sendrecv"},
-     kNone,
-     Strength::Mandatory,
-     {"a=des:bar optional local recv", "a=des:foo mandatory remote sendrecv",
-      "a=des:baz none e2e sendrecv", "a=conf:foo remote sendrecv"},
-     false},
-    // What an answer says of a precondition it cannot meet is kept.
-    {{"a=curr:qos local none", "a=des:qos failure local sendrecv",
-      "a=des:qos unknown remote sendrecv"},
-     kNone,
-     Strength::Mandatory,
-     {"a=curr:qos local none", "a=curr:qos remote none", "a=des:qos unknown local sendrecv",
-      "a=des:qos failure remote sendrecv"},
-     true},
-    // No preconditions offered, none answered, whatever this side desires.
-    {{}, kSendRecv, Strength::Mandatory, {}, true},
-};
+// The index of word in words, as the enums number their values.
+template <size_t N>
+int indexOf(const char* const (&words)[N], const std::string& word) {
+    return static_cast<int>(std::find(words, words + N, word) - words);
+}
+
+// The cases of tests/sdp/data/precondition-answers.txt.
+std::vector<AnswerCase> answerCases() {
+    static const char* const kStatuses[] = {"none", "send", "recv", "sendrecv"};
+    static const char* const kStrengths[] = {"none", "optional", "mandatory"};
+    std::vector<AnswerCase> cases;
+    std::istringstream lines(dataText("precondition-answers.txt", "\n"));
+    bool answered = false;
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string mark, status, strength, met;
+        if (line.compare(0, 2, "> ") == 0) {
+            cases.push_back({line.substr(2), "", "", kInactive, Strength::None, false});
+            answered = false;
+        } else if (line[0] == '=' && words >> mark >> status >> strength >> met) {
+            cases.back().status = static_cast<Direction>(indexOf(kStatuses, status));
+            cases.back().strength = static_cast<Strength>(indexOf(kStrengths, strength));
+            cases.back().met = met == "met";
+            answered = true;
+        } else if (!cases.empty()) {
+            (answered ? cases.back().answered : cases.back().offered) += line + "\r\n";
+        }
+    }
+    return cases;
+}
 
 TEST(PreconditionsTest, AnswersTheOfferedRows) {
-    for (const AnswerCase& c : kAnswerCases) {
-        SCOPED_TRACE(joined(c.offered));
+    for (const AnswerCase& c : answerCases()) {
+        SCOPED_TRACE(c.title);
         // The answer is the one of the offer without preconditions, with the rows before the
         // direction.
-        sdp::Session plain = answerer(kNone, Strength::None);
+        sdp::Session plain = answerer(kInactive, Strength::None);
         StreamConfig stream;
         std::string expected;
-        ASSERT_TRUE(plain.answerOffer(offerWith({}), stream, expected).isSuccess());
-        expected.insert(expected.find("a=sendrecv\r\n"), joined(c.answered));
+        ASSERT_TRUE(plain.answerOffer(offerWith(""), stream, expected).isSuccess());
+        expected.insert(expected.find("a=sendrecv\r\n"), c.answered);
         sdp::Session session = answerer(c.status, c.strength);
         std::string answer;
         ASSERT_TRUE(session.answerOffer(offerWith(c.offered), stream, answer).isSuccess());
         EXPECT_EQ(expected, answer);
         std::string rows;
         for (const auto& row : session.preconditions().rows()) rows += row.toString() + "\r\n";
-        EXPECT_EQ(joined(c.answered), rows);
+        EXPECT_EQ(c.answered, rows);
         EXPECT_EQ(c.met, session.preconditions().met());
         expectOthersReadAlike(answer);
     }
 }
 
 TEST(PreconditionsTest, RefusesRowsItCannotReadOrMeet) {
-    const char* const kBad = "Invalid Param (Code 1002): Bad precondition";
-    const char* const kUnsupported =
-        "Invalid Configuration (Code 1003): Unsupported precondition: foo";
-    const std::pair<const char*, const char*> cases[] = {
-        {"a=curr:qos local", kBad},
-        {"a=curr:qos local none none", kBad},
-        {"a=curr:qos mandatory local none", kBad},
-        {"a=des:qos local sendrecv", kBad},
-        {"a=des:qos strong local sendrecv", kBad},
-        {"a=conf:qos both sendrecv", kBad},
-        {"a=curr:qos local sendonly", kBad},
-        {"a=curr:q@s local none", kBad},
-        {"a=curr:", kBad},
-        {"a=des", kBad},
-        {"a=des:foo mandatory remote sendrecv", kUnsupported},
-        {"a=des:foo mandatory e2e send", kUnsupported},
-    };
-    for (const auto& c : cases) {
-        const std::string text = offerWith({"a=curr:qos local none", c.first});
-        sdp::Session session = answerer(kNone, Strength::None);
+    for (const Case& c : dataCases("precondition-refusals.txt")) {
+        sdp::Session session = answerer(kInactive, Strength::None);
         StreamConfig stream;
         std::string answer = "untouched";
-        EXPECT_EQ(refusal(c.second, text, 9), session.answerOffer(text, stream, answer).format());
+        EXPECT_EQ(c.expected, session.answerOffer(c.text, stream, answer).format());
         EXPECT_EQ("untouched", answer);
     }
 }
@@ -186,7 +100,7 @@ TEST(PreconditionsTest, AcceptingRefusesAnAnswerRowItCannotRead) {
     std::string offer, answer;
     StreamConfig stream;
     ASSERT_TRUE(caller.createOffer(offer).isSuccess());
-    ASSERT_TRUE(answerer(kNone, Strength::None).answerOffer(offer, stream, answer).isSuccess());
+    ASSERT_TRUE(answerer(kInactive, Strength::None).answerOffer(offer, stream, answer).isSuccess());
     answer.insert(answer.find("a=sendrecv"), "a=curr:qos local maybe\r\n");
     StreamConfig untouched;
     EXPECT_EQ(refusal("Invalid Param (Code 1002): Bad precondition", answer, 16, "answer "),
@@ -196,8 +110,8 @@ TEST(PreconditionsTest, AcceptingRefusesAnAnswerRowItCannotRead) {
 
 TEST(PreconditionsTest, SectionsWithPortZeroCarryNone) {
     const std::string text =
-        offerWith({}) + sdpText({"m=audio 0 RTP/AVP 97", "a=curr:qos local", "a=des:foo"});
-    sdp::Session session = answerer(kNone, Strength::Mandatory);
+        offerWith("") + sdpText({"m=audio 0 RTP/AVP 97", "a=curr:qos local", "a=des:foo"});
+    sdp::Session session = answerer(kInactive, Strength::Mandatory);
     StreamConfig stream;
     std::string answer;
     EXPECT_EQ("Success", session.answerOffer(text, stream, answer).format());
@@ -215,7 +129,7 @@ TEST(PreconditionsTest, MetWhenEveryMandatoryRowIsCovered) {
     } cases[] = {
         {{}, true},
         {{wanted}, false},
-        {{wanted, {Kind::Current, "qos", Strength::None, Status::Local, kSend}}, false},
+        {{wanted, {Kind::Current, "qos", Strength::None, Status::Local, kSendOnly}}, false},
         {{wanted, {Kind::Current, "qos", Strength::None, Status::Remote, kSendRecv}}, false},
         {{wanted, {Kind::Current, "foo", Strength::None, Status::Local, kSendRecv}}, false},
         {{wanted, {Kind::Current, "qos", Strength::None, Status::Local, kSendRecv}}, true},
@@ -233,7 +147,7 @@ TEST(PreconditionsTest, MetWhenEveryMandatoryRowIsCovered) {
 // the hold re-offer after it keeps the current status.
 TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
     sdp::Session caller(anyAmr(), "192.0.2.20", 40000, sdp::Origin{"-", 5, 1});
-    sdp::Session callee = answerer(kNone, Strength::Mandatory);
+    sdp::Session callee = answerer(kInactive, Strength::Mandatory);
     ASSERT_TRUE(caller.setQosStrength(Strength::Mandatory).isSuccess());
     std::string offer, answer;
     StreamConfig stream;
@@ -245,7 +159,7 @@ TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
         Direction calleeStatus;
         bool met;
     } steps[] = {
-        {"qos-invite-offer.sdp", "qos-invite-answer.sdp", kNone, kNone, false},
+        {"qos-invite-offer.sdp", "qos-invite-answer.sdp", kInactive, kInactive, false},
         {"qos-update-offer.sdp", "qos-update-answer.sdp", kSendRecv, kSendRecv, true},
     };
     for (const auto& step : steps) {
@@ -264,7 +178,7 @@ TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
     }
     // Both sides see the same rows from their own side, restored too.
     for (const sdp::Role role : {sdp::Role::Offerer, sdp::Role::Answerer}) {
-        sdp::Session restored = answerer(kNone, Strength::None);
+        sdp::Session restored = answerer(kInactive, Strength::None);
         ASSERT_TRUE(sdp::Session::restore(anyAmr(), offer, answer, role, restored).isSuccess());
         EXPECT_EQ(role == sdp::Role::Offerer ? caller.preconditions() : callee.preconditions(),
                   restored.preconditions());
@@ -276,7 +190,7 @@ TEST(PreconditionsTest, CallSetUpWithReservationsThenHold) {
 }
 
 TEST(PreconditionsTest, LocalStateTakesItsValuesOnly) {
-    sdp::Session session = answerer(kNone, Strength::None);
+    sdp::Session session = answerer(kInactive, Strength::None);
     EXPECT_EQ("Invalid Param (Code 1002): Invalid direction : 4",
               session.setQosStatus(static_cast<Direction>(4)).format());
     EXPECT_EQ("Invalid Param (Code 1002): Invalid strength : 3",

@@ -54,7 +54,8 @@ inline std::string offer(std::initializer_list<const char*> media) {
            sdpText(media);
 }
 
-// Local endpoints the model refuses, and its refusal.
+// Local endpoints the model refuses, and its refusal: text after an address, and a privileged
+// port (UtilsTest pins the bounds).
 struct BadEndpoint {
     const char* ip;
     int port;
@@ -63,10 +64,6 @@ struct BadEndpoint {
 const BadEndpoint kBadEndpoints[] = {
     {"1.2.3.4\r\na=injected", 49152,
      "Invalid Param (Code 1002): Invalid internet address : 1.2.3.4\r\na=injected"},
-    {"", 49152, "Invalid Param (Code 1002): Invalid internet address : "},
-    {"192.0.2.10", -5, "Invalid Param (Code 1002): Invalid socket port: -5"},
-    {"192.0.2.10", 0, "Invalid Param (Code 1002): Invalid socket port: 0"},
-    {"192.0.2.10", 65536, "Invalid Param (Code 1002): Invalid socket port: 65536"},
     {"192.0.2.10", 1023, "Invalid Param (Code 1002): Invalid socket port: 1023"},
 };
 
@@ -123,11 +120,29 @@ inline StreamConfig placedStream(const std::string& ip, int port, StreamConfig::
     return stream;
 }
 
+typedef StreamConfig::Direction Direction;
+const Direction kInactive = StreamConfig::DirectionInactive;
+const Direction kSendOnly = StreamConfig::DirectionSendOnly;
+const Direction kRecvOnly = StreamConfig::DirectionReceiveOnly;
+const Direction kSendRecv = StreamConfig::DirectionFullDuplex;
+
 // The direction of the other side.
-inline StreamConfig::Direction mirrored(StreamConfig::Direction direction) {
-    return direction == StreamConfig::DirectionSendOnly      ? StreamConfig::DirectionReceiveOnly
-           : direction == StreamConfig::DirectionReceiveOnly ? StreamConfig::DirectionSendOnly
-                                                             : direction;
+inline Direction mirrored(Direction direction) {
+    return direction == kSendOnly ? kRecvOnly : direction == kRecvOnly ? kSendOnly : direction;
+}
+
+// The codecs of the list that has them, each as " payload type/clock rate".
+inline std::string codecsSeen(const StreamConfig& stream) {
+    const bool downlink = stream.getDownlinkCodecCount() > 0;
+    std::string out;
+    for (unsigned int i = 0;
+         i < (downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount()); ++i) {
+        const CodecConfig& codec =
+            *(downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i));
+        out += " " + std::to_string(codec.getPayloadType()) +
+               (codec.getBandType() == BandTypeWb ? "/16000" : "/8000");
+    }
+    return out;
 }
 
 // Listing no mode supports every mode.
