@@ -55,6 +55,8 @@ bool isUnsupported(const Preconditions::Row& row) {
 // Of the lines, those of a=curr, a=des and a=conf.
 StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditions& out) {
     Preconditions read;
+    // One row for every line: its type's string is made once.
+    Preconditions::Row row;
     Line line;
     while (lines.next(line)) {
         // a=curr, a=des and a=conf only: most lines of a section go at their third byte.
@@ -71,7 +73,6 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
         if (kind == kPreconditionKindWords.end()) {
             continue;
         }
-        Preconditions::Row row;
         row.kind = static_cast<Preconditions::Kind>(kind - kPreconditionKindWords.begin());
         if (!readRow(value, row)) {
             return refusalAt(line, StreamConfig::InvalidParam, "Bad precondition");

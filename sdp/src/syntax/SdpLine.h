@@ -61,7 +61,8 @@ class PieceCursor {
 
 // Space or horizontal tab.
 inline bool isBlank(char c) {
-    return c == ' ' || c == '\t';
+    // Most bytes read are above the space: one comparison rules them out.
+    return static_cast<unsigned char>(c) <= ' ' && (c == ' ' || c == '\t');
 }
 
 inline std::string_view trimStart(std::string_view text) {
