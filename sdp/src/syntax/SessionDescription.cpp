@@ -114,7 +114,7 @@ bool Description::hasMediaLines(std::string_view text, unsigned count) {
     // A description starts with v=0: every m= line follows a line end.
     size_t at = 0;
     for (unsigned found = 0; found < count; ++found) {
-        at = text.find("\nm=", at);
+        at = findMediaLineEnd(text, at);
         if (at == std::string_view::npos) {
             return false;
         }
