@@ -208,8 +208,15 @@ bool Description::parseMedia(const Line& line, MediaSection& media) {
 }
 
 bool Description::parseConnection(std::string_view value, std::string_view& address) {
-    const std::string_view network = nextField(value);
-    const std::string_view family = nextField(value);
+    // Nearly every c= line is written with single spaces: its network and family then need no
+    // search.
+    const std::string_view usual = value.substr(0, 7);
+    const bool single = usual == "IN IP4 " || usual == "IN IP6 ";
+    const std::string_view network = single ? usual.substr(0, 2) : nextField(value);
+    const std::string_view family = single ? usual.substr(3, 3) : nextField(value);
+    if (single) {
+        value.remove_prefix(usual.size());
+    }
     const std::string_view field = nextField(value);
     if (network != "IN" || (family != "IP4" && family != "IP6") || !trim(value).empty()) {
         return false;
