@@ -40,7 +40,10 @@ bool readRow(std::string_view value, Preconditions::Row& row) {
         !findWord(kDirectionTagWords, nextField(value), direction) || !trim(value).empty()) {
         return false;
     }
-    row.type = type;
+    // A row is read into the one before: rows mostly share their type, which then stays.
+    if (row.type != type) {
+        row.type.assign(type);
+    }
     row.strength = static_cast<Strength>(strength);
     row.statusType = static_cast<Preconditions::StatusType>(statusType);
     row.direction = static_cast<StreamConfig::Direction>(direction);
