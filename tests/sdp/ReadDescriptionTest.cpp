@@ -29,11 +29,11 @@ const ReadCase kReadCases[] = {
       {97, "AMR/8000/2"},
       {98, "telephone-event/48000"},
       {99, ""}}},
-    // Tabs are blanks; interleaving alone implies the octet-aligned format; a repeated parameter
-    // takes its last value; RS 0 without RR keeps RTCP on; control bytes of a skipped encoding
-    // are quoted, tabs are not.
-    {offer({"m=audio 49152 RTP/AVP 97 0", "b=RS:0", "a=rtpmap:\t97\tAMR/8000",
-            "a=fmtp:\t97\tmode-set=1\t;\tinterleaving=4;mode-set=2,\t0",
+    // Tabs are blanks, and blanks may repeat; interleaving alone implies the octet-aligned
+    // format; a repeated parameter takes its last value; RS 0 without RR keeps RTCP on; control
+    // bytes of a skipped encoding are quoted, tabs are not.
+    {offer({"m=audio 49152 RTP/AVP 97 0", "c=IN\tIP4  192.0.2.7\t", "b=RS:0",
+            "a=rtpmap:\t97\tAMR/8000", "a=fmtp:\t97\tmode-set=1\t;\tinterleaving=4;mode-set=2,\t0",
             "a=rtpmap:0 P\tC\x1bMU/8000\x7f"}),
      "blanks-offer.read.txt",
      {{0, "P\tC\\x1BMU/8000\\x7F"}}},

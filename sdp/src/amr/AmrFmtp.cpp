@@ -102,7 +102,6 @@ bool AmrModes::isEveryMode(BandType band) const {
 
 StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
                                        AmrParameters& out) {
-    out = AmrParameters();
     PieceCursor pieces(text, ';');
     std::string_view parameter;
     while (pieces.next(parameter)) {

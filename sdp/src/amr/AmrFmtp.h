@@ -69,8 +69,8 @@ struct AmrParameters {
 };
 
 // Reads the parameters of an fmtp line of band (text: what follows the payload type). A value
-// out of its range, a mode outside the band among them, is refused in the order written; out is
-// complete only on success.
+// out of its range, a mode outside the band among them, is refused in the order written. out
+// starts as the defaults (a fresh format's) and takes what the text says: complete only on success.
 StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
                                        AmrParameters& out);
 

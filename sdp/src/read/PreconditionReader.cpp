@@ -40,7 +40,10 @@ bool readRow(std::string_view value, Preconditions::Row& row) {
         !findWord(kDirectionTagWords, nextField(value), direction) || !trim(value).empty()) {
         return false;
     }
-    row.type = type;
+    // A row is read into the one before: rows mostly share their type, which then stays.
+    if (row.type != type) {
+        row.type.assign(type);
+    }
     row.strength = static_cast<Strength>(strength);
     row.statusType = static_cast<Preconditions::StatusType>(statusType);
     row.direction = static_cast<StreamConfig::Direction>(direction);
@@ -55,6 +58,8 @@ bool isUnsupported(const Preconditions::Row& row) {
 // Of the lines, those of a=curr, a=des and a=conf.
 StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditions& out) {
     Preconditions read;
+    // One row for every line: its type's string is made once.
+    Preconditions::Row row;
     Line line;
     while (lines.next(line)) {
         // a=curr, a=des and a=conf only: most lines of a section go at their third byte.
@@ -71,7 +76,6 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
         if (kind == kPreconditionKindWords.end()) {
             continue;
         }
-        Preconditions::Row row;
         row.kind = static_cast<Preconditions::Kind>(kind - kPreconditionKindWords.begin());
         if (!readRow(value, row)) {
             return refusalAt(line, StreamConfig::InvalidParam, "Bad precondition");

@@ -57,8 +57,11 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
     index.fill(kUnlisted);
     std::string_view tokens = section.formats;
     size_t count = 0;
-    for (size_t i = 0; i < tokens.size(); ++i) {
-        count += !isBlank(tokens[i]) && (i == 0 || isBlank(tokens[i - 1])) ? 1 : 0;
+    bool inToken = false;
+    for (char c : tokens) {
+        const bool blank = isBlank(c);
+        count += !blank && !inToken ? 1 : 0;
+        inToken = !blank;
     }
     // At most one of each payload type: the room is bounded whatever the line's length.
     remote.formats.reset(std::min<size_t>(count, kMaxPayloadType + 1));

@@ -79,8 +79,8 @@ unsigned streamSectionIndex(std::string_view text, unsigned& sections) {
     // The text parses: its m= lines alone tell, without a second parse.
     std::optional<unsigned> found;
     sections = 0;
-    for (size_t at = text.find("\nm="); at != std::string_view::npos;
-         at = text.find("\nm=", at + 1), ++sections) {
+    for (size_t at = Description::findMediaLineEnd(text, 0); at != std::string_view::npos;
+         at = Description::findMediaLineEnd(text, at + 1), ++sections) {
         LineCursor lines(text.substr(at + 1), 1);
         Line line;
         MediaSection section;

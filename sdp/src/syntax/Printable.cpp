@@ -61,6 +61,12 @@ size_t printableLength(std::string_view text, size_t offset) {
 
 bool isPrintable(std::string_view text) {
     for (size_t offset = 0; offset < text.size();) {
+        // Printable ASCII, nearly every byte, needs no decoding.
+        const auto first = static_cast<unsigned char>(text[offset]);
+        if (first >= 0x20 && first < 0x7F) {
+            ++offset;
+            continue;
+        }
         const size_t length = printableLength(text, offset);
         if (length == 0) {
             return false;

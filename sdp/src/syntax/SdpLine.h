@@ -61,7 +61,8 @@ class PieceCursor {
 
 // Space or horizontal tab.
 inline bool isBlank(char c) {
-    return c == ' ' || c == '\t';
+    // Most bytes read are above the space: one comparison rules them out.
+    return static_cast<unsigned char>(c) <= ' ' && (c == ' ' || c == '\t');
 }
 
 inline std::string_view trimStart(std::string_view text) {
@@ -112,6 +113,22 @@ inline std::string_view leadingDigits(std::string_view text) {
 inline bool parseDecimal(std::string_view text, uint64_t max, uint64_t& value) {
     if (text.empty()) {
         return false;
+    }
+    // Up to 19 digits cannot overflow: the usual short numbers take one check a digit.
+    const size_t kSafeDigits = 19;
+    if (text.size() <= kSafeDigits) {
+        uint64_t number = 0;
+        for (char c : text) {
+            if (c < '0' || c > '9') {
+                return false;
+            }
+            number = number * 10 + static_cast<uint64_t>(c - '0');
+        }
+        if (number > max) {
+            return false;
+        }
+        value = number;
+        return true;
     }
     // A digit more is allowed while the number stays at most max: no step can overflow.
     const uint64_t lastRoom = max / 10;

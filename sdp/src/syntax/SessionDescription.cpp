@@ -114,7 +114,7 @@ bool Description::hasMediaLines(std::string_view text, unsigned count) {
     // A description starts with v=0: every m= line follows a line end.
     size_t at = 0;
     for (unsigned found = 0; found < count; ++found) {
-        at = text.find("\nm=", at);
+        at = findMediaLineEnd(text, at);
         if (at == std::string_view::npos) {
             return false;
         }
@@ -208,8 +208,15 @@ bool Description::parseMedia(const Line& line, MediaSection& media) {
 }
 
 bool Description::parseConnection(std::string_view value, std::string_view& address) {
-    const std::string_view network = nextField(value);
-    const std::string_view family = nextField(value);
+    // Nearly every c= line is written with single spaces: its network and family then need no
+    // search.
+    const std::string_view usual = value.substr(0, 7);
+    const bool single = usual == "IN IP4 " || usual == "IN IP6 ";
+    const std::string_view network = single ? usual.substr(0, 2) : nextField(value);
+    const std::string_view family = single ? usual.substr(3, 3) : nextField(value);
+    if (single) {
+        value.remove_prefix(usual.size());
+    }
     const std::string_view field = nextField(value);
     if (network != "IN" || (family != "IP4" && family != "IP6") || !trim(value).empty()) {
         return false;

@@ -92,6 +92,16 @@ class Description {
     // Whether count lines of text at least start with "m=": its sectionCount() is count or more
     // when it parses. Read without a parse, up to the count-th such line.
     static bool hasMediaLines(std::string_view text, unsigned count);
+    // The offset of the first line end at or after at that an "m=" line follows; npos when there
+    // is none. One search a line end, the two bytes after it compared in place.
+    static size_t findMediaLineEnd(std::string_view text, size_t at) {
+        for (at = text.find('\n', at); at != std::string_view::npos; at = text.find('\n', at + 1)) {
+            if (at + 2 < text.size() && text[at + 1] == 'm' && text[at + 2] == '=') {
+                return at;
+            }
+        }
+        return std::string_view::npos;
+    }
 
     // The session-level lines, v= included.
     LineCursor sessionLines() const { return {mSession, 1}; }
