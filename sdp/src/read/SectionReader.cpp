@@ -22,31 +22,34 @@ const uint8_t kUnlisted = 0xFF;
 
 // "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
 void classify(RemoteFormat& format) {
-    PieceCursor parts(format.encoding, '/');
-    std::string_view name;
-    std::string_view clockText;
-    std::string_view channelsText;
-    std::string_view extra;
-    parts.next(name);
-    const bool hasClock = parts.next(clockText);
-    const bool hasChannels = parts.next(channelsText);
-    uint64_t clock;
-    uint64_t channels = 1;
-    if (!hasClock || parts.next(extra) ||
-        !parseDecimal(clockText, std::numeric_limits<uint32_t>::max(), clock) ||
-        (hasChannels &&
-         !parseDecimal(channelsText, std::numeric_limits<uint32_t>::max(), channels)) ||
-        channels != 1) {
+    const std::string_view encoding = format.encoding;
+    const size_t slash = encoding.find('/');
+    if (slash == std::string_view::npos) {
         return;
     }
-    if (equalsIgnoreCase(name, "AMR") && clock == kNarrowBandClock) {
+    const std::string_view name = encoding.substr(0, slash);
+    std::string_view rest = encoding.substr(slash + 1);
+    uint32_t clock;
+    size_t digits;
+    if (!leadingNumber(rest, std::numeric_limits<uint32_t>::max(), clock, digits)) {
+        return;
+    }
+    rest.remove_prefix(digits);
+    uint32_t channels;
+    if (!rest.empty() &&
+        (rest[0] != '/' ||
+         !leadingNumber(rest.substr(1), std::numeric_limits<uint32_t>::max(), channels, digits) ||
+         digits + 1 != rest.size() || channels != 1)) {
+        return;
+    }
+    if (clock == kNarrowBandClock && equalsIgnoreCase(name, "AMR")) {
         format.kind = RemoteFormat::Amr;
         format.band = BandTypeNb;
-    } else if (equalsIgnoreCase(name, "AMR-WB") && clock == kWideBandClock) {
+    } else if (clock == kWideBandClock && equalsIgnoreCase(name, "AMR-WB")) {
         format.kind = RemoteFormat::Amr;
         format.band = BandTypeWb;
-    } else if (equalsIgnoreCase(name, "telephone-event") &&
-               (clock == kNarrowBandClock || clock == kWideBandClock)) {
+    } else if ((clock == kNarrowBandClock || clock == kWideBandClock) &&
+               equalsIgnoreCase(name, "telephone-event")) {
         format.kind = RemoteFormat::TelephoneEvent;
         format.band = clock == kNarrowBandClock ? BandTypeNb : BandTypeWb;
     }
@@ -55,19 +58,14 @@ void classify(RemoteFormat& format) {
 StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
                                       std::array<uint8_t, kMaxPayloadType + 1>& index) {
     index.fill(kUnlisted);
-    std::string_view tokens = section.formats;
+    // At most one of each payload type: the list is bounded whatever the line's length.
+    std::array<uint8_t, kMaxPayloadType + 1> listed;
     size_t count = 0;
-    bool inToken = false;
-    for (char c : tokens) {
-        const bool blank = isBlank(c);
-        count += !blank && !inToken ? 1 : 0;
-        inToken = !blank;
-    }
-    // At most one of each payload type: the room is bounded whatever the line's length.
-    remote.formats.reset(std::min<size_t>(count, kMaxPayloadType + 1));
+    std::string_view tokens = section.formats;
     for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
-        uint64_t payloadType;
-        if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
+        uint32_t payloadType;
+        size_t digits;
+        if (!leadingNumber(token, kMaxPayloadType, payloadType, digits) || digits != token.size()) {
             return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
                              "Bad payload type: ", token);
         }
@@ -77,8 +75,12 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
                              "A codec with the same payload type ", payloadType,
                              " is already present");
         }
-        index[payloadType] = static_cast<uint8_t>(remote.formats.size());
-        remote.formats.add().payloadType = static_cast<int>(payloadType);
+        index[payloadType] = static_cast<uint8_t>(count);
+        listed[count++] = static_cast<uint8_t>(payloadType);
+    }
+    remote.formats.reset(count);
+    for (size_t i = 0; i < count; ++i) {
+        remote.formats.add().payloadType = listed[i];
     }
     return successResult();
 }
@@ -89,14 +91,14 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
 RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
                        const std::array<uint8_t, kMaxPayloadType + 1>& index,
                        std::string_view& rest) {
-    value = trim(value);
-    const std::string_view digits = leadingDigits(value);
-    uint64_t payloadType;
-    if ((digits.size() < value.size() && !isBlank(value[digits.size()])) ||
-        !parseDecimal(digits, kMaxPayloadType, payloadType) || index[payloadType] == kUnlisted) {
+    value = trimStart(value);
+    uint32_t payloadType;
+    size_t digits;
+    if (!leadingNumber(value, kMaxPayloadType, payloadType, digits) ||
+        (digits < value.size() && !isBlank(value[digits])) || index[payloadType] == kUnlisted) {
         return nullptr;
     }
-    rest = trim(value.substr(digits.size()));
+    rest = trim(value.substr(digits));
     return &remote.formats[index[payloadType]];
 }
 

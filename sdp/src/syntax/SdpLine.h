@@ -109,6 +109,26 @@ inline std::string_view leadingDigits(std::string_view text) {
     return text.substr(0, end);
 }
 
+// The decimal number that text starts with, when it is at most max, and the count of its digits;
+// false when text does not start with a digit or the number is above max. One step a digit.
+inline bool leadingNumber(std::string_view text, uint32_t max, uint32_t& value, size_t& digits) {
+    uint64_t number = 0;
+    size_t end = 0;
+    for (; end < text.size() && text[end] >= '0' && text[end] <= '9'; ++end) {
+        // Zeros in front keep the number small: a long run of them is still a number.
+        number = number * 10 + static_cast<uint64_t>(text[end] - '0');
+        if (number > max) {
+            return false;
+        }
+    }
+    if (end == 0) {
+        return false;
+    }
+    value = static_cast<uint32_t>(number);
+    digits = end;
+    return true;
+}
+
 // Decimal digits only, at most max; false for anything else, however long.
 inline bool parseDecimal(std::string_view text, uint64_t max, uint64_t& value) {
     if (text.empty()) {
