@@ -10,6 +10,7 @@
 #include "internal/Results.h"
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -199,17 +200,21 @@ bool PieceCursor::next(std::string_view& piece) {
 }
 
 bool LineCursor::next(Line& line) {
+    // Raw pointers: the offsets are in range by construction, so no step needs a bounds check.
+    const char* const begin = mText.data();
+    const char* const end = begin + mText.size();
     while (mOffset < mText.size()) {
-        const size_t end = mText.find('\n', mOffset);
-        const size_t stop = end == std::string_view::npos ? mText.size() : end;
-        std::string_view text = mText.substr(mOffset, stop - mOffset);
-        mOffset = end == std::string_view::npos ? mText.size() : end + 1;
-        if (end != std::string_view::npos && !text.empty() && text.back() == '\r') {
-            text.remove_suffix(1);
+        const char* const start = begin + mOffset;
+        const auto* const newline =
+            static_cast<const char*>(std::memchr(start, '\n', static_cast<size_t>(end - start)));
+        size_t length = static_cast<size_t>((newline != nullptr ? newline : end) - start);
+        mOffset = newline != nullptr ? static_cast<size_t>(newline + 1 - begin) : mText.size();
+        if (newline != nullptr && length > 0 && start[length - 1] == '\r') {
+            --length;
         }
         const unsigned number = mNext++;
-        if (!text.empty()) {
-            line = Line{number, text};
+        if (length > 0) {
+            line = Line{number, std::string_view(start, length)};
             return true;
         }
     }
