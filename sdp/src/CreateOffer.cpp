@@ -94,9 +94,7 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
     writer.end();
     writer.connection(localIp);
     const RtcpConfig& rtcp = local.getRTCPcaps();
-    writer.bandwidth("AS", rtcp.getAs());
-    writer.bandwidth("RS", rtcp.getRs());
-    writer.bandwidth("RR", rtcp.getRr());
+    writer.bandwidths(rtcp.getAs(), rtcp.getRs(), rtcp.getRr());
     for (const OfferedFormat& format : formats) {
         const CodecId codec = dynamic_cast<const AmrCodecCapabilities*>(format.caps) != nullptr
                                   ? CodecIdAmr

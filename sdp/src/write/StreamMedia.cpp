@@ -41,9 +41,7 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
     }
     writer.end();
     writer.connection(localIp);
-    writer.bandwidth("AS", rtcp.getAs());
-    writer.bandwidth("RS", rtcpOn ? rtcp.getRs() : 0);
-    writer.bandwidth("RR", rtcpOn ? rtcp.getRr() : 0);
+    writer.bandwidths(rtcp.getAs(), rtcpOn ? rtcp.getRs() : 0, rtcpOn ? rtcp.getRr() : 0);
     for (unsigned int i = 0; i < codecs.count(); ++i) {
         const CodecConfig& codec = codecs[i];
         writer.rtpmap(codec.getPayloadType(), codec.getCodecId(), codec.getBandType());
