@@ -169,8 +169,7 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
     if (result.isFailure()) {
         return result;
     }
-    startStream(remote, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection), remote.address);
+    startStream(remote, stream, localDirection);
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
