@@ -193,11 +193,14 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
     writer.sessionPart(origin, localIp, &offer);
     SectionCursor sections = offer.sections();
     MediaSection section;
-    while (sections.next(section)) {
-        if (section.index == remote.section.index) {
+    for (unsigned index = 0; index < offer.sectionCount(); ++index) {
+        if (index == remote.section.index) {
             writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp, EventsFmtp::Left,
                              &preconditions);
             continue;
+        }
+        // Only the rejected sections are read again: the usual offer, with one section, is not.
+        while (sections.next(section) && section.index != index) {
         }
         writeRejectedMedia(writer, section);
     }
