@@ -8,6 +8,7 @@
 #include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "stream/AnswerTerms.h"
+#include "stream/LocalCodecs.h"
 #include "stream/PreconditionRules.h"
 #include "stream/StreamBuilder.h"
 #include "stream/TelephoneEvents.h"
@@ -41,26 +42,36 @@ bool supportsProfile(const StreamCapabilities& local, RtpProfile profile) {
     return profiles.empty() ? profile == RtpProfileAvp : profiles.count(profile) > 0;
 }
 
-// The id and band are read first: a dynamic_cast costs more than the whole test otherwise.
-bool hasEvents(const StreamCapabilities& local, BandType band) {
-    for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
+// The clock rates at which local takes telephone-event.
+struct LocalEvents {
+    bool narrow = false;
+    bool wide = false;
+
+    bool takes(BandType band) const {
+        return band == BandTypeNb ? narrow : band == BandTypeWb && wide;
+    }
+};
+
+// Read in one pass, for all the telephone-events an offer lists.
+LocalEvents localEvents(const StreamCapabilities& local) {
+    LocalEvents events;
+    const unsigned int count = local.getCodecCapabilityCount();
+    for (unsigned int i = 0; i < count; ++i) {
         const CodecCapabilities* caps = local.getCodecCapabilities(i);
-        if (caps != nullptr && caps->getCodecId() == CodecIdDtmf && caps->getBandType() == band &&
-            dynamic_cast<const DtmfCodecCapabilities*>(caps) != nullptr) {
-            return true;
+        if (asEvents(caps) != nullptr) {
+            events.narrow = events.narrow || caps->getBandType() == BandTypeNb;
+            events.wide = events.wide || caps->getBandType() == BandTypeWb;
         }
     }
-    return false;
+    return events;
 }
 
 // The first local AMR capability that accepts the parameters; null when none does.
 const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local, BandType band,
                                           const AmrParameters& parameters) {
-    for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-        const CodecCapabilities* caps = local.getCodecCapabilities(i);
-        const auto* amr = caps != nullptr && caps->getCodecId() == CodecIdAmr
-                              ? dynamic_cast<const AmrCodecCapabilities*>(caps)
-                              : nullptr;
+    const unsigned int count = local.getCodecCapabilityCount();
+    for (unsigned int i = 0; i < count; ++i) {
+        const AmrCodecCapabilities* amr = asAmr(local.getCodecCapabilities(i));
         if (amr != nullptr && acceptsAmr(*amr, band, parameters)) {
             return amr;
         }
@@ -85,9 +96,10 @@ bool choose(const RemoteMedia& remote, const StreamCapabilities& local, const Ag
     if (choice.amr == nullptr) {
         return false;
     }
+    const LocalEvents events = localEvents(local);
     choice.events = chooseEvents(
         remote, choice.amr->band, findAgreed(remote, agreed.events, RemoteFormat::TelephoneEvent),
-        [&local](const RemoteFormat& format) { return hasEvents(local, format.band); });
+        [&events](const RemoteFormat& format) { return events.takes(format.band); });
     return true;
 }
 
@@ -157,8 +169,7 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
     if (result.isFailure()) {
         return result;
     }
-    startStream(remote, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection), remote.address);
+    startStream(remote, stream, localDirection);
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
@@ -182,11 +193,14 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
     writer.sessionPart(origin, localIp, &offer);
     SectionCursor sections = offer.sections();
     MediaSection section;
-    while (sections.next(section)) {
-        if (section.index == remote.section.index) {
+    for (unsigned index = 0; index < offer.sectionCount(); ++index) {
+        if (index == remote.section.index) {
             writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp, EventsFmtp::Left,
                              &preconditions);
             continue;
+        }
+        // Only the rejected sections are read again: the usual offer, with one section, is not.
+        while (sections.next(section) && section.index != index) {
         }
         writeRejectedMedia(writer, section);
     }

@@ -11,10 +11,19 @@ void take(const CodecConfig& codec, AgreedFormats& agreed) {
     format = AgreedFormat{codec.getPayloadType(), codec.getBandType()};
 }
 
+bool isAgreed(const RemoteFormat& format, const AgreedFormat& agreed, RemoteFormat::Kind kind) {
+    return format.kind == kind && format.band == agreed.band;
+}
+
+// A first offer has none agreed: nothing to look up.
+const RemoteFormat* findListed(const RemoteMedia& remote, const AgreedFormat& agreed) {
+    return agreed.payloadType < 0 ? nullptr : remote.find(agreed.payloadType);
+}
+
 bool isBoundElsewhere(const RemoteMedia& remote, const AgreedFormat& agreed,
                       RemoteFormat::Kind kind) {
-    const RemoteFormat* format = remote.find(agreed.payloadType);
-    return format != nullptr && findAgreed(remote, agreed, kind) == nullptr;
+    const RemoteFormat* format = findListed(remote, agreed);
+    return format != nullptr && !isAgreed(*format, agreed, kind);
 }
 
 }  // namespace
@@ -38,9 +47,8 @@ bool rebinds(const RemoteMedia& remote, const AgreedFormats& agreed) {
 
 const RemoteFormat* findAgreed(const RemoteMedia& remote, const AgreedFormat& agreed,
                                RemoteFormat::Kind kind) {
-    const RemoteFormat* format = remote.find(agreed.payloadType);
-    return format != nullptr && format->kind == kind && format->band == agreed.band ? format
-                                                                                    : nullptr;
+    const RemoteFormat* format = findListed(remote, agreed);
+    return format != nullptr && isAgreed(*format, agreed, kind) ? format : nullptr;
 }
 
 }  // namespace sdp

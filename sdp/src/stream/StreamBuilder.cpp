@@ -31,7 +31,7 @@ void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction
                         remoteIp == "::");
 }
 
-void startStream(const RemoteMedia& remote, StreamConfig& stream) {
+void startStream(const RemoteMedia& remote, StreamConfig& stream, StreamConfig::Direction allowed) {
     // The reader checked the address and the port with the model's own checks.
     (void)stream.setRemoteIp(remote.address);
     // Every other field back to its default in place: a copy of a default stream would copy
@@ -43,7 +43,7 @@ void startStream(const RemoteMedia& remote, StreamConfig& stream) {
     stream.clearDownlinkCodecs();
     stream.setPdpContext(StreamConfig::PdpContext());
     (void)stream.setRemoteRtpPort(remote.port);
-    setDirectionAndHold(stream, mirror(remote.direction), remote.address);
+    setDirectionAndHold(stream, limit(mirror(remote.direction), allowed), remote.address);
     stream.setRtpProfile(remote.profile);
 }
 
@@ -67,7 +67,10 @@ void setReadRtcp(const RemoteMedia& remote, StreamConfig& stream) {
 
 DtmfCodecConfig telephoneEvent(const RemoteFormat& format) {
     DtmfCodecConfig dtmf;
-    (void)dtmf.setBandType(format.band);
+    // Its Result costs more than the comparison.
+    if (dtmf.getBandType() != format.band) {
+        (void)dtmf.setBandType(format.band);
+    }
     dtmf.setPayloadType(format.payloadType);
     return dtmf;
 }

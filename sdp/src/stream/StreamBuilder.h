@@ -28,8 +28,10 @@ void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction
                          std::string_view remoteIp);
 
 // Makes stream, in place, a default StreamConfig with the remote endpoint and profile of remote
-// (read, so checked) and the direction it declares, mirrored, with its hold state.
-void startStream(const RemoteMedia& remote, StreamConfig& stream);
+// (read, so checked) and the direction it declares, mirrored and limited to allowed, with its
+// hold state.
+void startStream(const RemoteMedia& remote, StreamConfig& stream,
+                 StreamConfig::Direction allowed = StreamConfig::DirectionFullDuplex);
 
 // RFC 3556 bandwidths as read: a value not given keeps its default; RS and RR both given and
 // both 0 turn RTCP off.

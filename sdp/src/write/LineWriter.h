@@ -29,19 +29,21 @@ class LineWriter {
     ~LineWriter();
 
     LineWriter& text(std::string_view text) {
-        if (mSize + text.size() > mOut.size()) {
-            grow(text.size());
-        }
-        text.copy(&mOut[mSize], text.size());
-        mSize += text.size();
+        mAt += text.copy(room(text.size()), text.size());
         return *this;
     }
     LineWriter& number(uint64_t number);
-    LineWriter& integer(int64_t number);
+    LineWriter& integer(int64_t number) {
+        if (number < 0) {
+            text("-");
+        }
+        return this->number(number < 0 ? 0 - static_cast<uint64_t>(number)
+                                       : static_cast<uint64_t>(number));
+    }
     // Untrusted text, quoted as refusals quote it.
     LineWriter& token(std::string_view token);
     // CRLF.
-    void end();
+    void end() { text("\r\n"); }
 
     // v=0, o=, s=-, c= and t= of a body sent from address: the t= lines of times, each as
     // t=<start> <stop>; t=0 0 without times or when it has none.
@@ -50,7 +52,8 @@ class LineWriter {
     void audioMediaStart(int port, RtpProfile profile);
     // IP6 when address holds a colon, else IP4.
     void connection(std::string_view address);
-    void bandwidth(const char* modifier, unsigned int value);
+    // The b=AS, b=RS and b=RR lines.
+    void bandwidths(unsigned int as, unsigned int rs, unsigned int rr);
     // AMR/8000/1, AMR-WB/16000/1, telephone-event/8000 or telephone-event/16000.
     void rtpmap(int payloadType, CodecId codec, BandType band);
     // "a=fmtp:<pt> ", without the parameters and the line end.
@@ -64,11 +67,19 @@ class LineWriter {
     void direction(StreamConfig::Direction direction);
 
   private:
+    // Where the next size bytes go.
+    char* room(size_t size) {
+        if (size > static_cast<size_t>(mEnd - mAt)) {
+            grow(size);
+        }
+        return mAt;
+    }
     void grow(size_t more);
 
     std::string& mOut;
-    // What is written so far; the rest of mOut is room.
-    size_t mSize;
+    // Where the next byte goes, and the end of the room, both inside mOut.
+    char* mAt;
+    char* mEnd;
 };
 
 // What a body written for sending starts from: room for a whole answer to a usual offer.
