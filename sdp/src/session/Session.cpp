@@ -47,8 +47,7 @@ Result readAgreedPreconditions(const std::string& offer, const std::string& answ
     MediaSection section;
     Result result = Description::parse(answer, parsed);
     if (result.isSuccess()) {
-        unsigned sections;
-        (void)parsed.section(streamSectionIndex(offer, sections), section);
+        (void)parsed.section(findStreamPlace(offer).index, section);
         result = readPreconditions(section, PreconditionUse::Kept, preconditions);
     }
     if (result.isFailure()) {
@@ -90,9 +89,9 @@ Result Session::createOffer(std::string& offer) {
         }
         if (result.isSuccess()) {
             text.reserve(kBodyReserve);
-            writeReoffer(mAgreedStream, mAgreedIndex, mLastSent, mLocal,
-                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, preconditions, mOrigin,
-                         text);
+            writeReoffer(mAgreedStream, StreamPlace{mAgreedIndex, mAgreedSections}, mLastSent,
+                         mLocal, LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, preconditions,
+                         mOrigin, text);
         }
     } else {
         result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection,
@@ -121,6 +120,9 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
         return result;
     }
     mAgreedStream = stream;
+    const StreamPlace place = findStreamPlace(mOutstanding);
+    mAgreedIndex = place.index;
+    mAgreedSections = place.sections;
     agree(mOutstanding, answer, Role::Offerer, std::move(preconditions));
     mOutstanding.clear();
     negotiated = mAgreedStream;
@@ -137,9 +139,11 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return sequenceRefusal("Offer outstanding");
     }
     Preconditions preconditions;
+    StreamPlace place;
     DialogRules rules;
     rules.localDirection = mLocalDirection;
     rules.preconditions = &preconditions;
+    rules.place = &place;
     rules.qosStatus = mQosStatus;
     rules.qosStrength = mQosStrength;
     if (hasAgreed()) {
@@ -160,6 +164,8 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return result;
     }
     send(text);
+    mAgreedIndex = place.index;
+    mAgreedSections = place.sections;
     agree(offer, text, Role::Answerer, std::move(preconditions));
     negotiated = mAgreedStream;
     answer.swap(text);
@@ -221,11 +227,9 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam, "Bad origin line");
     }
     // Both texts share the stream's section index: accepting found the answer's there.
-    unsigned sections = 0;
-    const unsigned index = streamSectionIndex(offer, sections);
     Description parsed;
     RemoteMedia media;
-    result = readSentSection(sent, index, parsed, media);
+    result = readSentSection(sent, findStreamPlace(offer).index, parsed, media);
     if (result.isFailure()) {
         return result;
     }
@@ -242,6 +246,9 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mOriginTail = origin.tail;
     restored.mLastSent = sent;
     restored.mAgreedStream = stream;
+    const StreamPlace place = findStreamPlace(sent);
+    restored.mAgreedIndex = place.index;
+    restored.mAgreedSections = place.sections;
     restored.agree(offer, answer, role, std::move(preconditions));
     session = restored;
     return result;
@@ -274,8 +281,6 @@ void Session::agree(const std::string& offer, const std::string& answer, Role ro
     mAgreedAnswer = answer;
     mAgreedRole = role;
     mPreconditions = std::move(preconditions);
-    // Both texts were read: they parse, with as many m= lines.
-    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer, mAgreedSections);
 }
 
 }  // namespace sdp
