@@ -1,10 +1,10 @@
 // The SDP side of one dialog (RFC 3264 section 8).
 #include <velmora/rune/sdp/Session.h>
 
+#include "DialogAccept.h"
 #include "DialogAnswer.h"
 #include "DirectedOffer.h"
 #include "internal/Results.h"
-#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "session/OriginLine.h"
 #include "session/Reoffer.h"
@@ -39,24 +39,9 @@ Result readSentSection(const std::string& sent, unsigned index, Description& par
     return result;
 }
 
-// The precondition rows of answer, the stream's section of an exchange whose offer is offer, as
-// the side of role sees them.
-Result readAgreedPreconditions(const std::string& offer, const std::string& answer, Role role,
-                               Preconditions& preconditions) {
-    Description parsed;
-    MediaSection section;
-    Result result = Description::parse(answer, parsed);
-    if (result.isSuccess()) {
-        (void)parsed.section(findStreamPlace(offer).index, section);
-        result = readPreconditions(section, PreconditionUse::Kept, preconditions);
-    }
-    if (result.isFailure()) {
-        return inText("answer", std::move(result));
-    }
-    if (role == Role::Offerer) {
-        preconditions = mirrorPreconditions(preconditions);
-    }
-    return result;
+// The precondition rows of an answer as the side of role sees them.
+Preconditions seenFrom(Role role, Preconditions answered) {
+    return role == Role::Offerer ? mirrorPreconditions(answered) : answered;
 }
 
 // The model's check of a direction value.
@@ -110,20 +95,16 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
     if (mOutstanding.empty()) {
         return sequenceRefusal("No offer outstanding");
     }
-    StreamConfig stream;
-    Result result = sdp::acceptAnswer(mOutstanding, answer, stream);
-    Preconditions preconditions;
-    if (result.isSuccess()) {
-        result = readAgreedPreconditions(mOutstanding, answer, Role::Offerer, preconditions);
-    }
+    AcceptedExchange exchange;
+    // Built in place: accepting leaves the stream as it was when it refuses.
+    Result result = acceptInDialog(mOutstanding, answer, mAgreedStream, &exchange);
     if (result.isFailure()) {
         return result;
     }
-    mAgreedStream = stream;
-    const StreamPlace place = findStreamPlace(mOutstanding);
-    mAgreedIndex = place.index;
-    mAgreedSections = place.sections;
-    agree(mOutstanding, answer, Role::Offerer, std::move(preconditions));
+    mAgreedIndex = exchange.place.index;
+    mAgreedSections = exchange.place.sections;
+    agree(mOutstanding, answer, Role::Offerer,
+          seenFrom(Role::Offerer, std::move(exchange.preconditions)));
     mOutstanding.clear();
     negotiated = mAgreedStream;
     return result;
@@ -213,11 +194,8 @@ Result Session::setQosStrength(Strength strength) {
 Result Session::restore(const StreamCapabilities& local, const std::string& offer,
                         const std::string& answer, Role role, Session& session) {
     StreamConfig stream;
-    Result result = sdp::acceptAnswer(offer, answer, stream);
-    Preconditions preconditions;
-    if (result.isSuccess()) {
-        result = readAgreedPreconditions(offer, answer, role, preconditions);
-    }
+    AcceptedExchange exchange;
+    Result result = acceptInDialog(offer, answer, stream, &exchange);
     if (result.isFailure()) {
         return result;
     }
@@ -229,7 +207,7 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     // Both texts share the stream's section index: accepting found the answer's there.
     Description parsed;
     RemoteMedia media;
-    result = readSentSection(sent, findStreamPlace(offer).index, parsed, media);
+    result = readSentSection(sent, exchange.place.index, parsed, media);
     if (result.isFailure()) {
         return result;
     }
@@ -249,7 +227,7 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     const StreamPlace place = findStreamPlace(sent);
     restored.mAgreedIndex = place.index;
     restored.mAgreedSections = place.sections;
-    restored.agree(offer, answer, role, std::move(preconditions));
+    restored.agree(offer, answer, role, seenFrom(role, std::move(exchange.preconditions)));
     session = restored;
     return result;
 }
