@@ -222,7 +222,9 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mOriginHead = origin.head;
     restored.mVersion = origin.version;
     restored.mOriginTail = origin.tail;
+    // With the dialog's o= line, as send keeps every body.
     restored.mLastSent = sent;
+    writeOriginLine(origin.head, origin.version, origin.tail, restored.mLastSent);
     restored.mAgreedStream = stream;
     const StreamPlace place = findStreamPlace(sent);
     restored.mAgreedIndex = place.index;
@@ -244,7 +246,13 @@ void Session::send(std::string& body) {
         mOriginHead = origin.head;
         mVersion = origin.version;
         mOriginTail = origin.tail;
-    } else if (!isSameButOrigin(body, mLastSent)) {
+    } else {
+        // The last body sent has the dialog's o= line too: with this version, the same text is
+        // the same body, kept already.
+        writeOriginLine(mOriginHead, mVersion, mOriginTail, body);
+        if (body == mLastSent) {
+            return;
+        }
         // Wraps at 2^64, which RFC 8866 allows.
         ++mVersion;
     }
