@@ -41,7 +41,10 @@ Result readSentSection(const std::string& sent, unsigned index, Description& par
 
 // The precondition rows of an answer as the side of role sees them.
 Preconditions seenFrom(Role role, Preconditions answered) {
-    return role == Role::Offerer ? mirrorPreconditions(answered) : answered;
+    if (role == Role::Offerer) {
+        return mirrorPreconditions(answered);
+    }
+    return answered;
 }
 
 // The model's check of a direction value.
