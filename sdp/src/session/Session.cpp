@@ -264,6 +264,7 @@ void Session::send(std::string& body) {
     mLastSent = body;
 }
 
+// The caller sets the agreed stream and its place first: the step that read them knows them.
 void Session::agree(const std::string& offer, const std::string& answer, Role role,
                     Preconditions preconditions) {
     mAgreedOffer = offer;
