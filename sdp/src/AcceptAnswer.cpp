@@ -4,9 +4,11 @@
 #include <velmora/rune/Dtmf.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "DialogAccept.h"
 #include "amr/AmrAnswer.h"
 #include "amr/AmrFmtp.h"
 #include "internal/Results.h"
+#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "stream/StreamBuilder.h"
 #include "stream/TelephoneEvents.h"
@@ -117,7 +119,8 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
 
 }  // namespace
 
-Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
+Result acceptInDialog(const std::string& offer, const std::string& answer, StreamConfig& negotiated,
+                      AcceptedExchange* exchange) {
     // Each refusal names the text it comes from.
     Description offerParsed;
     RemoteMedia offered;
@@ -132,11 +135,20 @@ Result acceptAnswer(const std::string& offer, const std::string& answer, StreamC
     if (result.isSuccess()) {
         result = checkAnswer(offerParsed, offered, answerParsed, answered, choice);
     }
+    if (result.isSuccess() && exchange != nullptr) {
+        // The answer's section was read at the offer's stream place.
+        result = readPreconditions(answered, PreconditionUse::Kept, exchange->preconditions);
+        exchange->place = StreamPlace{offered.section.index, offerParsed.sectionCount()};
+    }
     if (result.isFailure()) {
         return inText("answer", std::move(result));
     }
     negotiate(offered, answered, choice, negotiated);
     return result;
+}
+
+Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
+    return acceptInDialog(offer, answer, negotiated, nullptr);
 }
 
 }  // namespace sdp

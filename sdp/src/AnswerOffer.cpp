@@ -243,6 +243,9 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
     if (rules.preconditions != nullptr) {
         *rules.preconditions = std::move(answered);
     }
+    if (rules.place != nullptr) {
+        *rules.place = StreamPlace{remote.section.index, parsed.sectionCount()};
+    }
     answer.swap(text);
     return result;
 }

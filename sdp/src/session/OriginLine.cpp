@@ -25,12 +25,9 @@ std::string_view findOriginLine(std::string_view body) {
     return body.substr(start, end - start);
 }
 
-// The text before and after the o= line.
+// The text before the o= line.
 std::string_view before(std::string_view body, std::string_view line) {
     return body.substr(0, static_cast<size_t>(line.data() - body.data()));
-}
-std::string_view after(std::string_view body, std::string_view line) {
-    return body.substr(static_cast<size_t>(line.data() - body.data()) + line.size());
 }
 
 }  // namespace
@@ -52,12 +49,6 @@ bool readOriginLine(std::string_view body, OriginParts& parts) {
     parts.version = version;
     parts.tail = tail;
     return true;
-}
-
-bool isSameButOrigin(std::string_view a, std::string_view b) {
-    const std::string_view lineA = findOriginLine(a);
-    const std::string_view lineB = findOriginLine(b);
-    return before(a, lineA) == before(b, lineB) && after(a, lineA) == after(b, lineB);
 }
 
 void writeOriginLine(std::string_view head, uint64_t version, std::string_view tail,
