@@ -145,8 +145,7 @@ StreamConfig::Result StreamConfig::setDirection(Direction direction) {
         return makeResult<Trait>(InvalidParam, "Invalid direction : ", direction);
     }
     mDirection = direction;
-    // The trait's shared success value: using it keeps it exported, as the library's ABI has it.
-    return Result::success();
+    return successResult<Trait>();
 }
 
 StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
@@ -154,7 +153,8 @@ StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
         return makeResult<Trait>(InvalidParam, "Invalid socket port: ", port);
     }
     mRemoteRtpPort = port;
-    return successResult<Trait>();
+    // The trait's shared success value: using it keeps it exported, as the library's ABI has it.
+    return Result::success();
 }
 
 StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
