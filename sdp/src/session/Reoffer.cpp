@@ -54,7 +54,7 @@ AmrFmtpText reofferedFmtp(const AmrCodecConfig& amr, const StreamCapabilities& l
 
 void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
                   const StreamCapabilities& local, const LocalEnd& end,
-                  const Preconditions& preconditions, const Origin& origin, std::string& text) {
+                  const PreconditionRows& preconditions, const Origin& origin, std::string& text) {
     StreamConfig stream = agreed;
     (void)stream.setDirection(end.direction);
     const AmrCodecConfig* amr = agreedAmr(stream);

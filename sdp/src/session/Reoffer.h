@@ -7,7 +7,8 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
-#include <velmora/rune/sdp/Session.h>
+
+#include "read/PreconditionRows.h"
 
 #include <string>
 #include <string_view>
@@ -29,7 +30,7 @@ struct LocalEnd {
 // its direction.
 void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
                   const StreamCapabilities& local, const LocalEnd& end,
-                  const Preconditions& preconditions, const Origin& origin, std::string& text);
+                  const PreconditionRows& preconditions, const Origin& origin, std::string& text);
 
 // The index of the section of text, a description that parses, that the stream of an exchange
 // comes from: the first audio section with a port other than 0 and the protocol RTP/AVP or
