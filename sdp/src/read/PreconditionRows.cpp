@@ -1,10 +1,27 @@
 #include "read/PreconditionRows.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
 
-void PreconditionRows::addToHeap(size_t index, const PreconditionRow& row) {
+void PreconditionRows::place(const PreconditionRow& row, Same same) {
+    PreconditionRow* const rows = data();
+    PreconditionRow* sameRow = nullptr;
+    const size_t index = placeOf(rows, rows + mSize, row, sameRow);
+    if (sameRow != nullptr) {
+        if (same == Same::Replaced) {
+            *sameRow = row;
+        }
+        return;
+    }
+    if (mHeap.empty() && mSize < kInside) {
+        std::copy_backward(rows + index, rows + mSize, rows + mSize + 1);
+        rows[index] = row;
+        ++mSize;
+        return;
+    }
     if (mHeap.empty()) {
         // More rows than a usual exchange has: all of them go to the heap, once.
         mHeap.assign(mInside.begin(), mInside.end());

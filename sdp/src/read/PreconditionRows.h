@@ -8,7 +8,6 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Session.h>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -94,22 +93,13 @@ class PreconditionRows {
     enum class Same { Replaced, Kept };
     // Puts row in its place, or a row of the same kind, type and status type as same says.
     void add(const PreconditionRow& row, Same same = Same::Replaced) {
-        PreconditionRow* const rows = data();
-        PreconditionRow* sameRow = nullptr;
-        const size_t index = placeOf(rows, rows + mSize, row, sameRow);
-        if (sameRow != nullptr) {
-            if (same == Same::Replaced) {
-                *sameRow = row;
-            }
+        // Rows mostly come in a body's order: one that goes after the last needs no search.
+        if (mHeap.empty() && mSize < kInside &&
+            (mSize == 0 || rankOf(mInside[mSize - 1]) < rankOf(row))) {
+            mInside[mSize++] = row;
             return;
         }
-        if (!mHeap.empty() || mSize == kInside) {
-            addToHeap(index, row);
-            return;
-        }
-        std::copy_backward(rows + index, rows + mSize, rows + mSize + 1);
-        rows[index] = row;
-        ++mSize;
+        place(row, same);
     }
 
   private:
@@ -118,8 +108,8 @@ class PreconditionRows {
 
     PreconditionRow* data() { return mHeap.empty() ? mInside.data() : mHeap.data(); }
     const PreconditionRow* data() const { return mHeap.empty() ? mInside.data() : mHeap.data(); }
-    // Beyond the room inside.
-    void addToHeap(size_t index, const PreconditionRow& row);
+    // add, where the row goes before another or beyond the room inside.
+    void place(const PreconditionRow& row, Same same);
 
     // Set up to mSize while mHeap is empty; then mHeap holds every row.
     std::array<PreconditionRow, kInside> mInside;
