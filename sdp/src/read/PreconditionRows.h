@@ -34,9 +34,10 @@ inline PreconditionRow viewOf(const Preconditions::Row& row) {
 // The order a body writes rows in: by kind, then local, remote, e2e.
 template <typename Row>
 int rankOf(const Row& row) {
-    // By Preconditions::StatusType: e2e, local, remote.
-    static constexpr int kStatusRanks[] = {2, 0, 1};
-    return static_cast<int>(row.kind) * 3 + kStatusRanks[static_cast<int>(row.statusType)];
+    const int status = row.statusType == Preconditions::StatusType::Local    ? 0
+                       : row.statusType == Preconditions::StatusType::Remote ? 1
+                                                                             : 2;
+    return static_cast<int>(row.kind) * 3 + status;
 }
 
 // Of rows, the one of that kind, type and status type; null when there is none.
