@@ -137,7 +137,9 @@ Result acceptInDialog(const std::string& offer, const std::string& answer, Strea
     }
     if (result.isSuccess() && exchange != nullptr) {
         // The answer's section was read at the offer's stream place.
-        result = readPreconditions(answered, PreconditionUse::Kept, exchange->preconditions);
+        PreconditionRows rows;
+        result = readPreconditions(answered, PreconditionUse::Kept, rows);
+        exchange->preconditions = toPreconditions(rows);
         exchange->place = StreamPlace{offered.section.index, offerParsed.sectionCount()};
     }
     if (result.isFailure()) {

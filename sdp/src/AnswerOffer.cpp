@@ -6,6 +6,7 @@
 #include "DialogAnswer.h"
 #include "amr/AmrAnswer.h"
 #include "read/PreconditionReader.h"
+#include "read/PreconditionRows.h"
 #include "read/SectionReader.h"
 #include "stream/AnswerTerms.h"
 #include "stream/LocalCodecs.h"
@@ -188,7 +189,7 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
 // One m= line per offered one: the chosen section answered, every other one rejected.
 void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
                  const StreamConfig& stream, const std::string& localIp, int localPort,
-                 const Origin& origin, const Preconditions& preconditions, std::string& text) {
+                 const Origin& origin, const PreconditionRows& preconditions, std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, &offer);
     SectionCursor sections = offer.sections();
@@ -224,7 +225,7 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
     if (result.isSuccess()) {
         result = chooseSection(parsed, local, rules.agreed, remote, choice);
     }
-    Preconditions offered;
+    PreconditionRows offered;
     if (result.isSuccess()) {
         result = readPreconditions(remote, PreconditionUse::Answered, offered);
     }
@@ -236,12 +237,13 @@ Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
         return result;
     }
     // Nothing below refuses: the answer is written in place.
-    Preconditions answered = answerPreconditions(offered, rules.qosStatus, rules.qosStrength);
+    PreconditionRows answered;
+    answerPreconditions(offered, rules.qosStatus, rules.qosStrength, answered);
     std::string text;
     text.reserve(kBodyReserve);
     writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, answered, text);
     if (rules.preconditions != nullptr) {
-        *rules.preconditions = std::move(answered);
+        *rules.preconditions = toPreconditions(answered);
     }
     if (rules.place != nullptr) {
         *rules.place = StreamPlace{remote.section.index, parsed.sectionCount()};

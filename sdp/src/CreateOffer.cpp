@@ -84,7 +84,7 @@ bool supportsAvp(const StreamCapabilities& local) {
 
 void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
                 const std::string& localIp, int localPort, const Origin& origin,
-                StreamConfig::Direction direction, const Preconditions* preconditions,
+                StreamConfig::Direction direction, const PreconditionRows* preconditions,
                 std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, nullptr);
@@ -119,7 +119,7 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
 
 Result createDirectedOffer(const StreamCapabilities& local, const std::string& localIp,
                            int localPort, const Origin& origin, StreamConfig::Direction direction,
-                           const Preconditions* preconditions, std::string& offer) {
+                           const PreconditionRows* preconditions, std::string& offer) {
     Result result = checkOrigin(origin);
     if (result.isSuccess()) {
         result = checkLocalEndpoint(localIp, localPort);

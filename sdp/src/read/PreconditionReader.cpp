@@ -27,22 +27,17 @@ bool isToken(std::string_view text) {
 }
 
 // "<type> [<strength>] <status-type> <direction-tag>", the strength for a=des only.
-bool readRow(std::string_view value, Preconditions::Row& row) {
-    const std::string_view type = nextField(value);
+bool readRow(std::string_view value, PreconditionRow& row) {
+    row.type = nextField(value);
+    value = trimStart(value);
     size_t strength = 0;
-    if (row.kind == Preconditions::Kind::Desired &&
-        !findWord(kStrengthWords, nextField(value), strength)) {
-        return false;
-    }
     size_t statusType;
     size_t direction;
-    if (!isToken(type) || !findWord(kStatusTypeWords, nextField(value), statusType) ||
-        !findWord(kDirectionTagWords, nextField(value), direction) || !trim(value).empty()) {
+    if (!isToken(row.type) ||
+        (row.kind == Preconditions::Kind::Desired && !takeWord(kStrengthWords, value, strength)) ||
+        !takeWord(kStatusTypeWords, value, statusType) ||
+        !takeWord(kDirectionTagWords, value, direction) || !value.empty()) {
         return false;
-    }
-    // A row is read into the one before: rows mostly share their type, which then stays.
-    if (row.type != type) {
-        row.type.assign(type);
     }
     row.strength = static_cast<Strength>(strength);
     row.statusType = static_cast<Preconditions::StatusType>(statusType);
@@ -50,16 +45,13 @@ bool readRow(std::string_view value, Preconditions::Row& row) {
     return true;
 }
 
-bool isUnsupported(const Preconditions::Row& row) {
+bool isUnsupported(const PreconditionRow& row) {
     return row.kind == Preconditions::Kind::Desired && row.strength == Strength::Mandatory &&
            row.statusType != Preconditions::StatusType::Local && !equalsIgnoreCase(row.type, "qos");
 }
 
 // Of the lines, those of a=curr, a=des and a=conf.
-StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditions& out) {
-    Preconditions read;
-    // One row for every line: its type's string is made once.
-    Preconditions::Row row;
+StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, PreconditionRows& out) {
     Line line;
     while (lines.next(line)) {
         // a=curr, a=des and a=conf only: most lines of a section go at their third byte.
@@ -76,6 +68,7 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
         if (kind == kPreconditionKindWords.end()) {
             continue;
         }
+        PreconditionRow row;
         row.kind = static_cast<Preconditions::Kind>(kind - kPreconditionKindWords.begin());
         if (!readRow(value, row)) {
             return refusalAt(line, StreamConfig::InvalidParam, "Bad precondition");
@@ -84,27 +77,15 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
             return refusalAt(line, StreamConfig::InvalidConfiguration,
                              "Unsupported precondition: ", row.type);
         }
-        if (read.find(row.kind, row.type, row.statusType) == nullptr) {
-            read.add(row);
-        }
+        out.add(row, PreconditionRows::Same::Kept);
     }
-    out = std::move(read);
     return successResult();
 }
 
 }  // namespace
 
-StreamConfig::Result readPreconditions(const MediaSection& section, PreconditionUse use,
-                                       Preconditions& out) {
-    if (section.port == 0) {
-        out = Preconditions();
-        return successResult();
-    }
-    return readLines(section.lines(), use, out);
-}
-
 StreamConfig::Result readPreconditions(const RemoteMedia& media, PreconditionUse use,
-                                       Preconditions& out) {
+                                       PreconditionRows& out) {
     return readLines(media.preconditionLines(), use, out);
 }
 

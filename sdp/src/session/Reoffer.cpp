@@ -66,7 +66,7 @@ bool readMediaLine(std::string_view text, size_t at, MediaSection& section) {
 
 void writeReoffer(StreamConfig& agreed, const StreamPlace& place, std::string_view lastSent,
                   const StreamCapabilities& local, const LocalEnd& end,
-                  const Preconditions& preconditions, const Origin& origin, std::string& text) {
+                  const PreconditionRows& preconditions, const Origin& origin, std::string& text) {
     const AmrCodecConfig* amr = agreedAmr(agreed);
     const AmrFmtpText fmtp = amr != nullptr ? reofferedFmtp(*amr, local) : AmrFmtpText();
     // Written with the local direction set in place: a copy of the stream costs more.

@@ -7,7 +7,8 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
-#include <velmora/rune/sdp/Session.h>
+
+#include "read/PreconditionRows.h"
 
 #include "StreamPlace.h"
 
@@ -31,7 +32,7 @@ struct LocalEnd {
 // its direction. agreed is as it was on return.
 void writeReoffer(StreamConfig& agreed, const StreamPlace& place, std::string_view lastSent,
                   const StreamCapabilities& local, const LocalEnd& end,
-                  const Preconditions& preconditions, const Origin& origin, std::string& text);
+                  const PreconditionRows& preconditions, const Origin& origin, std::string& text);
 
 // Where in text, a description that parses, the stream of an exchange comes from: the first
 // audio section with a port other than 0 and the protocol RTP/AVP or RTP/AVPF; index 0 when there

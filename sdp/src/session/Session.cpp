@@ -68,8 +68,8 @@ Result Session::createOffer(std::string& offer) {
     }
     std::string text;
     Result result = successResult();
-    const Preconditions preconditions =
-        offerPreconditions(mPreconditions, mQosStatus, mQosStrength);
+    PreconditionRows preconditions;
+    offerPreconditions(mPreconditions, mQosStatus, mQosStrength, preconditions);
     if (hasAgreed()) {
         result = checkOrigin(mOrigin);
         if (result.isSuccess()) {

@@ -3,6 +3,7 @@
 #include "stream/StreamBuilder.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace velmora {
 namespace rune {
@@ -11,16 +12,18 @@ namespace sdp {
 namespace {
 
 using Kind = Preconditions::Kind;
-using Row = Preconditions::Row;
+using Row = PreconditionRow;
 using StatusType = Preconditions::StatusType;
 
-const char* const kQos = "qos";
+constexpr std::string_view kQos = "qos";
 
 Row qosRow(Kind kind, Strength strength, StatusType statusType, StreamConfig::Direction direction) {
     return Row{kind, kQos, strength, statusType, direction};
 }
 
-Row mirrored(Row row) {
+// Of a public row or a view.
+template <typename AnyRow>
+AnyRow mirrored(AnyRow row) {
     row.statusType = row.statusType == StatusType::Local    ? StatusType::Remote
                      : row.statusType == StatusType::Remote ? StatusType::Local
                                                             : row.statusType;
@@ -30,23 +33,23 @@ Row mirrored(Row row) {
 
 // Whether the rows have a qos row of the segmented model, where this side reports its own
 // segment.
-bool hasQosSegments(const Preconditions& preconditions) {
-    return std::any_of(
-        preconditions.rows().begin(), preconditions.rows().end(),
-        [](const Row& row) { return row.type == kQos && row.statusType != StatusType::E2e; });
+bool hasQosSegments(const PreconditionRows& rows) {
+    return std::any_of(rows.begin(), rows.end(), [](const Row& row) {
+        return row.type == kQos && row.statusType != StatusType::E2e;
+    });
 }
 
 // The status this side has reserved is its a=curr local row.
-void setLocalStatus(Preconditions& preconditions, StreamConfig::Direction status) {
-    preconditions.add(qosRow(Kind::Current, Strength::None, StatusType::Local, status));
+void setLocalStatus(PreconditionRows& rows, StreamConfig::Direction status) {
+    rows.add(qosRow(Kind::Current, Strength::None, StatusType::Local, status));
 }
 
 // RFC 3312 section 6: a mandatory remote segment that is not reserved yet asks for confirmation.
-void askConfirmation(Preconditions& answer) {
+void askConfirmation(PreconditionRows& answer) {
     // The a=conf rows go after every other row: the rows before them keep their places.
-    const size_t count = answer.rows().size();
+    const size_t count = answer.size();
     for (size_t i = 0; i < count; ++i) {
-        const Row& row = answer.rows()[i];
+        const Row& row = answer[i];
         if (row.kind != Kind::Desired || row.strength != Strength::Mandatory ||
             row.statusType != StatusType::Remote) {
             continue;
@@ -70,16 +73,15 @@ bool covers(StreamConfig::Direction have, StreamConfig::Direction want) {
 
 Preconditions mirrorPreconditions(const Preconditions& preconditions) {
     Preconditions seen;
-    for (const Row& row : preconditions.rows()) {
+    for (const Preconditions::Row& row : preconditions.rows()) {
         seen.add(mirrored(row));
     }
     return seen;
 }
 
-Preconditions answerPreconditions(const Preconditions& offered, StreamConfig::Direction status,
-                                  Strength strength) {
-    Preconditions answer;
-    for (const Row& row : offered.rows()) {
+void answerPreconditions(const PreconditionRows& offered, StreamConfig::Direction status,
+                         Strength strength, PreconditionRows& answer) {
+    for (const Row& row : offered) {
         // A confirmation asked of this side is no row of the answer's.
         if (row.kind == Kind::Confirmed) {
             continue;
@@ -101,15 +103,13 @@ Preconditions answerPreconditions(const Preconditions& offered, StreamConfig::Di
         }
     }
     askConfirmation(answer);
-    return answer;
 }
 
-Preconditions offerPreconditions(const Preconditions& agreed, StreamConfig::Direction status,
-                                 Strength strength) {
-    Preconditions offer;
+void offerPreconditions(const Preconditions& agreed, StreamConfig::Direction status,
+                        Strength strength, PreconditionRows& offer) {
     if (agreed.rows().empty()) {
         if (strength == Strength::None) {
-            return offer;
+            return;
         }
         const StreamConfig::Direction both = StreamConfig::DirectionFullDuplex;
         offer.add(qosRow(Kind::Current, Strength::None, StatusType::Remote,
@@ -117,17 +117,16 @@ Preconditions offerPreconditions(const Preconditions& agreed, StreamConfig::Dire
         offer.add(qosRow(Kind::Desired, strength, StatusType::Local, both));
         offer.add(qosRow(Kind::Desired, Strength::Optional, StatusType::Remote, both));
         setLocalStatus(offer, status);
-        return offer;
+        return;
     }
-    for (const Row& row : agreed.rows()) {
+    for (const Preconditions::Row& row : agreed.rows()) {
         if (row.kind != Kind::Confirmed) {
-            offer.add(row);
+            offer.add(viewOf(row));
         }
     }
     if (hasQosSegments(offer)) {
         setLocalStatus(offer, status);
     }
-    return offer;
 }
 
 }  // namespace sdp

@@ -36,12 +36,19 @@ std::string_view wordOf(const std::array<std::string_view, N>& words, Enum value
     return index < N ? words[index] : std::string_view("?");
 }
 
-// The index of word in words, compared without case (RFC 5234 strings); false when it is none.
+// The index of the word of words that text starts with, compared without case (RFC 5234
+// strings), followed by a blank or the end; the word and the blanks after it are taken off text.
+// False when it is none.
 template <size_t N>
-bool findWord(const std::array<std::string_view, N>& words, std::string_view word, size_t& index) {
+bool takeWord(const std::array<std::string_view, N>& words, std::string_view& text, size_t& index) {
     for (size_t i = 0; i < N; ++i) {
-        if (equalsIgnoreCase(words[i], word)) {
+        const std::string_view word = words[i];
+        // The byte after the word rules out most words without a comparison.
+        if (text.size() >= word.size() &&
+            (text.size() == word.size() || isBlank(text[word.size()])) &&
+            equalsIgnoreCase(text.substr(0, word.size()), word)) {
             index = i;
+            text = trimStart(text.substr(word.size()));
             return true;
         }
     }

@@ -6,7 +6,7 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
-void writePreconditionRow(LineWriter& writer, const Preconditions::Row& row) {
+void writePreconditionRow(LineWriter& writer, const PreconditionRow& row) {
     writer.text("a=").text(wordOf(kPreconditionKindWords, row.kind)).text(":");
     writer.token(row.type).text(" ");
     if (row.kind == Preconditions::Kind::Desired) {
@@ -16,8 +16,8 @@ void writePreconditionRow(LineWriter& writer, const Preconditions::Row& row) {
     writer.text(wordOf(kDirectionTagWords, row.direction));
 }
 
-void writePreconditions(LineWriter& writer, const Preconditions& preconditions) {
-    for (const Preconditions::Row& row : preconditions.rows()) {
+void writePreconditions(LineWriter& writer, const PreconditionRows& rows) {
+    for (const PreconditionRow& row : rows) {
         writePreconditionRow(writer, row);
         writer.end();
     }

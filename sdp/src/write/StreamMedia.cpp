@@ -32,7 +32,7 @@ struct ListedCodecs {
 
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
                       int localPort, const AmrFmtpText* amrFmtp, EventsFmtp events,
-                      const Preconditions* preconditions) {
+                      const PreconditionRows* preconditions) {
     const ListedCodecs codecs(stream);
     const RtcpConfig& rtcp = stream.getRtcpConfig();
     const bool rtcpOn = stream.isRtcpEnabled();

@@ -1,0 +1,44 @@
+#include "read/PreconditionRows.h"
+
+#include <algorithm>
+
+namespace velmora {
+namespace rune {
+namespace sdp {
+
+void PreconditionRows::place(const PreconditionRow& row, Same same) {
+    PreconditionRow* const rows = data();
+    PreconditionRow* sameRow = nullptr;
+    const size_t index = placeOf(rows, rows + mSize, row, sameRow);
+    if (sameRow != nullptr) {
+        if (same == Same::Replaced) {
+            *sameRow = row;
+        }
+        return;
+    }
+    if (mHeap.empty() && mSize < kInside) {
+        std::copy_backward(rows + index, rows + mSize, rows + mSize + 1);
+        rows[index] = row;
+        ++mSize;
+        return;
+    }
+    if (mHeap.empty()) {
+        // More rows than a usual exchange has: all of them go to the heap, once.
+        mHeap.assign(mInside.begin(), mInside.end());
+    }
+    mHeap.insert(mHeap.begin() + static_cast<std::ptrdiff_t>(index), row);
+    ++mSize;
+}
+
+Preconditions toPreconditions(const PreconditionRows& rows) {
+    Preconditions preconditions;
+    for (const PreconditionRow& row : rows) {
+        preconditions.add(Preconditions::Row{row.kind, std::string(row.type), row.strength,
+                                             row.statusType, row.direction});
+    }
+    return preconditions;
+}
+
+}  // namespace sdp
+}  // namespace rune
+}  // namespace velmora
