@@ -221,9 +221,9 @@ bool LineCursor::next(Line& line) {
     return false;
 }
 
-// Success built in place: a copy of the model's shared success value copies three strings.
+// The stream's success, built in place.
 inline StreamConfig::Result successResult() {
-    return {StreamConfig::Success};
+    return rune::successResult<StreamConfig::ResultTrait>();
 }
 
 // A refusal whose context is the line; its message and the line quoted.
