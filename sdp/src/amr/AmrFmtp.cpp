@@ -2,6 +2,8 @@
 
 #include "syntax/SdpLine.h"
 
+#include <cstddef>
+#include <cstring>
 #include <limits>
 
 namespace velmora {
@@ -55,6 +57,53 @@ StreamConfig::Result readModeSet(std::string_view name, std::string_view value, 
     return successResult();
 }
 
+size_t toSize(std::ptrdiff_t length) {
+    return static_cast<size_t>(length);
+}
+
+enum class AmrName {
+    ModeSet,
+    OctetAlign,
+    ModeChangePeriod,
+    ModeChangeCapability,
+    ModeChangeNeighbor,
+    MaxRed,
+    Crc,
+    RobustSorting,
+    Interleaving,
+    Other
+};
+
+// The known names differ in length: one comparison finds the name.
+AmrName amrName(std::string_view name) {
+    switch (name.size()) {
+        case 8:
+            return equalsIgnoreCase(name, "mode-set") ? AmrName::ModeSet : AmrName::Other;
+        case 11:
+            return equalsIgnoreCase(name, "octet-align") ? AmrName::OctetAlign : AmrName::Other;
+        case 18:
+            return equalsIgnoreCase(name, "mode-change-period") ? AmrName::ModeChangePeriod
+                                                                : AmrName::Other;
+        case 22:
+            return equalsIgnoreCase(name, "mode-change-capability") ? AmrName::ModeChangeCapability
+                                                                    : AmrName::Other;
+        case 20:
+            return equalsIgnoreCase(name, "mode-change-neighbor") ? AmrName::ModeChangeNeighbor
+                                                                  : AmrName::Other;
+        case 7:
+            return equalsIgnoreCase(name, "max-red") ? AmrName::MaxRed : AmrName::Other;
+        case 3:
+            return equalsIgnoreCase(name, "crc") ? AmrName::Crc : AmrName::Other;
+        case 14:
+            return equalsIgnoreCase(name, "robust-sorting") ? AmrName::RobustSorting
+                                                            : AmrName::Other;
+        case 12:
+            return equalsIgnoreCase(name, "interleaving") ? AmrName::Interleaving : AmrName::Other;
+        default:
+            return AmrName::Other;
+    }
+}
+
 // A default configuration of band with every mode of the band, ascending.
 AmrCodecConfig everyModeConfig(BandType band) {
     AmrCodecConfig config;
@@ -102,89 +151,103 @@ bool AmrModes::isEveryMode(BandType band) const {
 
 StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
                                        AmrParameters& out) {
-    PieceCursor pieces(text, ';');
-    std::string_view parameter;
-    while (pieces.next(parameter)) {
-        parameter = trim(parameter);
-        if (parameter.empty()) {
-            continue;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (true) {
+        while (at != end && isBlank(*at)) {
+            ++at;
         }
-        // The parameter is trimmed: the name can only end in blanks, the value only start so.
-        const size_t equals = parameter.find('=');
-        const std::string_view name = trimEnd(parameter.substr(0, equals));
-        const std::string_view value = equals == std::string_view::npos
-                                           ? std::string_view()
-                                           : trimStart(parameter.substr(equals + 1));
+        // A known name holds no ';': when the text up to the next '=' is one, that '=' is this
+        // parameter's and its end needs no search of its own.
+        const auto* equals = static_cast<const char*>(std::memchr(at, '=', toSize(end - at)));
+        std::string_view name;
+        AmrName known = AmrName::Other;
+        if (equals != nullptr) {
+            name = trimEnd(std::string_view(at, toSize(equals - at)));
+            known = amrName(name);
+        }
+        if (known == AmrName::Other) {
+            const auto* semicolon =
+                static_cast<const char*>(std::memchr(at, ';', toSize(end - at)));
+            const char* const stop = semicolon != nullptr ? semicolon : end;
+            if (equals == nullptr || equals > stop) {
+                // No value: the whole parameter is its name.
+                name = trimEnd(std::string_view(at, toSize(stop - at)));
+                known = amrName(name);
+                equals = nullptr;
+            }
+            if (known == AmrName::Other) {
+                if (stop == end) {
+                    break;
+                }
+                at = stop + 1;
+                continue;
+            }
+        }
+        const char* stop = equals != nullptr ? equals + 1 : at;
+        const char* const valueStart = stop;
+        while (stop != end && *stop != ';') {
+            ++stop;
+        }
+        const std::string_view value =
+            equals != nullptr ? trim(std::string_view(valueStart, toSize(stop - valueStart)))
+                              : std::string_view();
         bool valid = true;
         uint32_t number = 0;
-        // The known names differ in length: one comparison finds the name.
-        switch (name.size()) {
-            case 8:
-                if (equalsIgnoreCase(name, "mode-set")) {
-                    AmrModes modes;
-                    StreamConfig::Result result = readModeSet(name, value, line, band, modes);
-                    if (result.isFailure()) {
-                        return result;
-                    }
-                    out.modes = modes;
+        switch (known) {
+            case AmrName::ModeSet: {
+                AmrModes modes;
+                StreamConfig::Result result = readModeSet(name, value, line, band, modes);
+                if (result.isFailure()) {
+                    return result;
+                }
+                out.modes = modes;
+                break;
+            }
+            case AmrName::OctetAlign:
+                valid = readFlag(value, out.octetAlign);
+                out.octetAlignText = value;
+                break;
+            case AmrName::ModeChangePeriod:
+                valid = readNumber(value, 1, 2, number);
+                out.modeChangePeriod = number;
+                break;
+            case AmrName::ModeChangeCapability:
+                out.modeChangeCapability.reset();
+                if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
+                    out.modeChangeCapability = number;
                 }
                 break;
-            case 11:
-                if (equalsIgnoreCase(name, "octet-align")) {
-                    valid = readFlag(value, out.octetAlign);
-                    out.octetAlignText = value;
-                }
+            case AmrName::ModeChangeNeighbor:
+                valid = readFlag(value, out.modeChangeNeighbor);
                 break;
-            case 18:
-                if (equalsIgnoreCase(name, "mode-change-period")) {
-                    valid = readNumber(value, 1, 2, number);
-                    out.modeChangePeriod = number;
-                }
+            case AmrName::MaxRed:
+                valid = readNumber(value, 0, kMaxRedundancy, number);
+                out.maxRed = number;
                 break;
-            case 22:
-                if (equalsIgnoreCase(name, "mode-change-capability")) {
-                    out.modeChangeCapability.reset();
-                    if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
-                        out.modeChangeCapability = number;
-                    }
-                }
+            case AmrName::Crc:
+                valid = readFlag(value, out.crc);
+                out.crcText = value;
                 break;
-            case 20:
-                if (equalsIgnoreCase(name, "mode-change-neighbor")) {
-                    valid = readFlag(value, out.modeChangeNeighbor);
-                }
+            case AmrName::RobustSorting:
+                valid = readFlag(value, out.robustSorting);
+                out.robustSortingText = value;
                 break;
-            case 7:
-                if (equalsIgnoreCase(name, "max-red")) {
-                    valid = readNumber(value, 0, kMaxRedundancy, number);
-                    out.maxRed = number;
-                }
+            case AmrName::Interleaving:
+                valid =
+                    readNumber(value, 0, std::numeric_limits<uint32_t>::max(), out.interleaving);
+                out.interleavingText = value;
                 break;
-            case 3:
-                if (equalsIgnoreCase(name, "crc")) {
-                    valid = readFlag(value, out.crc);
-                    out.crcText = value;
-                }
-                break;
-            case 14:
-                if (equalsIgnoreCase(name, "robust-sorting")) {
-                    valid = readFlag(value, out.robustSorting);
-                    out.robustSortingText = value;
-                }
-                break;
-            case 12:
-                if (equalsIgnoreCase(name, "interleaving")) {
-                    valid = readNumber(value, 0, std::numeric_limits<uint32_t>::max(),
-                                       out.interleaving);
-                    out.interleavingText = value;
-                }
-                break;
-            default:
+            case AmrName::Other:
                 break;
         }
         if (!valid) {
             return badValue(line, name, value);
         }
+        if (stop == end) {
+            break;
+        }
+        at = stop + 1;
     }
     return successResult();
 }

@@ -247,59 +247,86 @@ void SectionScan::take(const Line& line, const LineValues& values) {
 }
 
 void SectionScan::takeAttribute(const Line& line) {
-    std::string_view name;
+    const std::string_view text = line.value();
+    if (text.empty()) {
+        return;
+    }
     std::string_view value;
-    Description::splitAttribute(line, name, value);
-    // The names differ in length but for the packet times, the directions and the preconditions.
-    switch (name.size()) {
-        case 3:
-        case 4:
-        case 6:
-            if (name == "des" || name == "curr" || name == "conf") {
-                mOut.takePreconditionLine(line);
-            } else if (name == "rtpmap" || name == "fmtp") {
-                std::string_view rest;
-                RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
-                if (format == nullptr) {
-                    break;
-                }
-                if (name.size() == 4) {
-                    if (!format->fmtp.exists()) {
-                        format->fmtp = line;
-                        format->fmtpText = rest;
-                    }
-                } else if (format->encoding.data() == nullptr) {
-                    format->encoding = rest;
-                }
-            }
-            break;
-        case 5:
-        case 8:
-            if (name == "ptime" || name == "maxptime") {
-                std::optional<uint32_t>& target =
-                    name.size() == 5 ? mOut.packetTime : mOut.maxPacketTime;
-                uint64_t milliseconds;
-                // No packet can last 0 ms.
-                if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds) ||
-                    milliseconds == 0) {
-                    if (!mBadPacketTime.exists()) {
-                        mBadPacketTime = line;
-                        mBadPacketTimeValue = value;
-                    }
-                } else if (!target) {
-                    target = static_cast<uint32_t>(milliseconds);
-                }
-            } else {
-                mShared.takeDirection(line.value());
-            }
-            break;
-        case 10:
-            if (name == "rtcp-rsize") {
+    // The first letter tells most names apart; each name is then compared in place.
+    switch (text[0]) {
+        case 'r':
+            if (Description::isAttribute(text, "rtpmap", value)) {
+                takeRtpmap(value);
+            } else if (Description::isAttribute(text, "rtcp-rsize", value)) {
                 mOut.reducedSize = true;
+            } else {
+                mShared.takeDirection(text);
             }
+            break;
+        case 'f':
+            if (Description::isAttribute(text, "fmtp", value)) {
+                takeFmtp(line, value);
+            }
+            break;
+        case 'p':
+            if (Description::isAttribute(text, "ptime", value)) {
+                takePacketTime(line, value, mOut.packetTime);
+            }
+            break;
+        case 'm':
+            if (Description::isAttribute(text, "maxptime", value)) {
+                takePacketTime(line, value, mOut.maxPacketTime);
+            }
+            break;
+        case 'c':
+            if (Description::isAttribute(text, "curr", value) ||
+                Description::isAttribute(text, "conf", value)) {
+                mOut.takePreconditionLine(line);
+            }
+            break;
+        case 'd':
+            if (Description::isAttribute(text, "des", value)) {
+                mOut.takePreconditionLine(line);
+            }
+            break;
+        case 's':
+        case 'i':
+            mShared.takeDirection(text);
             break;
         default:
             break;
+    }
+}
+
+void SectionScan::takeRtpmap(std::string_view value) {
+    std::string_view rest;
+    RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
+    if (format != nullptr && format->encoding.data() == nullptr) {
+        format->encoding = rest;
+    }
+}
+
+void SectionScan::takeFmtp(const Line& line, std::string_view value) {
+    std::string_view rest;
+    RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
+    if (format != nullptr && !format->fmtp.exists()) {
+        format->fmtp = line;
+        format->fmtpText = rest;
+    }
+}
+
+void SectionScan::takePacketTime(const Line& line, std::string_view value,
+                                 std::optional<uint32_t>& target) {
+    uint64_t milliseconds;
+    // No packet can last 0 ms.
+    if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds) ||
+        milliseconds == 0) {
+        if (!mBadPacketTime.exists()) {
+            mBadPacketTime = line;
+            mBadPacketTimeValue = value;
+        }
+    } else if (!target) {
+        target = static_cast<uint32_t>(milliseconds);
     }
 }
 

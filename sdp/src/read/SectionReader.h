@@ -76,6 +76,10 @@ class SectionScan {
 
   private:
     void takeAttribute(const Line& line);
+    void takeRtpmap(std::string_view value);
+    void takeFmtp(const Line& line, std::string_view value);
+    // Keeps the first bad value of either line for its refusal.
+    void takePacketTime(const Line& line, std::string_view value, std::optional<uint32_t>& target);
 
     RemoteMedia& mOut;
     std::array<uint8_t, kMaxPayloadType + 1> mIndex{};
