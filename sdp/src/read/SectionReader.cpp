@@ -7,6 +7,7 @@
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -20,8 +21,64 @@ const uint32_t kNarrowBandClock = 8000;
 const uint32_t kWideBandClock = 16000;
 const uint8_t kUnlisted = 0xFF;
 
+// The usual spellings, found whole by one comparison of a known length; the others are read
+// piece by piece.
+bool classifyUsual(RemoteFormat& format) {
+    const std::string_view encoding = format.encoding;
+    const auto is = [encoding](const auto& spelling) {
+        return std::memcmp(encoding.data(), spelling, sizeof(spelling) - 1) == 0;
+    };
+    RemoteFormat::Kind kind = RemoteFormat::Amr;
+    BandType band = BandTypeNb;
+    switch (encoding.size()) {
+        case 8:
+            if (!is("AMR/8000")) {
+                return false;
+            }
+            break;
+        case 10:
+            if (!is("AMR/8000/1")) {
+                return false;
+            }
+            break;
+        case 12:
+            if (!is("AMR-WB/16000")) {
+                return false;
+            }
+            band = BandTypeWb;
+            break;
+        case 14:
+            if (!is("AMR-WB/16000/1")) {
+                return false;
+            }
+            band = BandTypeWb;
+            break;
+        case 20:
+            if (!is("telephone-event/8000")) {
+                return false;
+            }
+            kind = RemoteFormat::TelephoneEvent;
+            break;
+        case 21:
+            if (!is("telephone-event/16000")) {
+                return false;
+            }
+            kind = RemoteFormat::TelephoneEvent;
+            band = BandTypeWb;
+            break;
+        default:
+            return false;
+    }
+    format.kind = kind;
+    format.band = band;
+    return true;
+}
+
 // "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
 void classify(RemoteFormat& format) {
+    if (classifyUsual(format)) {
+        return;
+    }
     const std::string_view encoding = format.encoding;
     const size_t slash = encoding.find('/');
     if (slash == std::string_view::npos) {
