@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace velmora {
 namespace rune {
@@ -149,8 +150,8 @@ bool AmrModes::isEveryMode(BandType band) const {
     return true;
 }
 
-StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
-                                       AmrParameters& out) {
+bool readAmrParameters(std::string_view text, const Line& line, BandType band, AmrParameters& out,
+                       StreamConfig::Result& refusal) {
     const char* at = text.data();
     const char* const end = at + text.size();
     while (true) {
@@ -199,7 +200,8 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
                 AmrModes modes;
                 StreamConfig::Result result = readModeSet(name, value, line, band, modes);
                 if (result.isFailure()) {
-                    return result;
+                    refusal = std::move(result);
+                    return false;
                 }
                 out.modes = modes;
                 break;
@@ -242,14 +244,15 @@ StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, 
                 break;
         }
         if (!valid) {
-            return badValue(line, name, value);
+            refusal = badValue(line, name, value);
+            return false;
         }
         if (stop == end) {
             break;
         }
         at = stop + 1;
     }
-    return successResult();
+    return true;
 }
 
 void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandType band,

@@ -112,8 +112,10 @@ void classify(RemoteFormat& format) {
     }
 }
 
-StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
-                                      std::array<uint8_t, kMaxPayloadType + 1>& index) {
+// Leaves refusal as it is on success.
+void readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
+                      std::array<uint8_t, kMaxPayloadType + 1>& index,
+                      StreamConfig::Result& refusal) {
     index.fill(kUnlisted);
     // At most one of each payload type: the list is bounded whatever the line's length.
     std::array<uint8_t, kMaxPayloadType + 1> listed;
@@ -123,14 +125,16 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
         uint32_t payloadType;
         size_t digits;
         if (!leadingNumber(token, kMaxPayloadType, payloadType, digits) || digits != token.size()) {
-            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                             "Bad payload type: ", token);
+            refusal = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                                "Bad payload type: ", token);
+            return;
         }
         // The model would refuse the second codec too, but would not release it.
         if (index[payloadType] != kUnlisted) {
-            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                             "A codec with the same payload type ", payloadType,
-                             " is already present");
+            refusal = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                                "A codec with the same payload type ", payloadType,
+                                " is already present");
+            return;
         }
         index[payloadType] = static_cast<uint8_t>(count);
         listed[count++] = static_cast<uint8_t>(payloadType);
@@ -139,7 +143,6 @@ StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& 
     for (size_t i = 0; i < count; ++i) {
         remote.formats.add().payloadType = listed[i];
     }
-    return successResult();
 }
 
 // The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
@@ -159,20 +162,18 @@ RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
     return &remote.formats[index[payloadType]];
 }
 
-StreamConfig::Result readFormats(RemoteMedia& remote) {
+// False with the refusal in refusal.
+bool readFormats(RemoteMedia& remote, StreamConfig::Result& refusal) {
     for (RemoteFormat& format : remote.formats) {
         if (format.encoding.data() != nullptr) {
             classify(format);
         }
-        if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
-            StreamConfig::Result result =
-                readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr);
-            if (result.isFailure()) {
-                return result;
-            }
+        if (format.kind == RemoteFormat::Amr && format.fmtp.exists() &&
+            !readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr, refusal)) {
+            return false;
         }
     }
-    return successResult();
+    return true;
 }
 
 // Reads the first qualifying section as the syntax check walks the description; remembers the
@@ -284,7 +285,7 @@ void SectionScan::start(const MediaSection& section) {
     mOut.maxPacketTime.reset();
     mOut.firstPrecondition = Line();
     mOut.lastPrecondition = Line();
-    mPayloadTypes = readPayloadTypes(section, mOut, mIndex);
+    readPayloadTypes(section, mOut, mIndex, mPayloadTypes);
 }
 
 void SectionScan::take(const Line& line, const LineValues& values) {
@@ -388,38 +389,41 @@ void SectionScan::takePacketTime(const Line& line, std::string_view value,
 }
 
 StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule) {
+    // Every way out returns this one result, built in place: success costs no copy.
+    StreamConfig::Result result = successResult();
     const MediaSection& section = mOut.section;
     if (!Utils::isValidSocketPort(section.port)) {
         StreamConfig probe;
-        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+        result = atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+        return result;
     }
     mOut.port = section.port;
     if (!isSupportedTransport(section.protocol)) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                         "Unsupported transport: ", section.protocol);
+        result = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                           "Unsupported transport: ", section.protocol);
+        return result;
     }
     mOut.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
     if (mPayloadTypes.isFailure()) {
-        return mPayloadTypes;
+        result = mPayloadTypes;
+        return result;
     }
     const SharedLines& connection = mShared.connection.exists() ? mShared : session;
     mOut.connection = connection.connection;
     if (!mOut.connection.exists() && rule == SectionRule::Required) {
-        return noConnectionAddress(section);
+        result = noConnectionAddress(section);
+        return result;
     }
-    if (mOut.connection.exists()) {
-        StreamConfig::Result address = checkAddress(mOut, connection.address);
-        if (address.isFailure()) {
-            return address;
-        }
+    if (mOut.connection.exists() && !checkAddress(mOut, connection.address, result)) {
+        return result;
     }
-    StreamConfig::Result result = readFormats(mOut);
-    if (result.isFailure()) {
+    if (!readFormats(mOut, result)) {
         return result;
     }
     if (mBadPacketTime.exists()) {
-        return refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
-                         "Bad packet time: ", mBadPacketTimeValue);
+        result = refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
+                           "Bad packet time: ", mBadPacketTimeValue);
+        return result;
     }
     mOut.direction =
         mShared.direction.value_or(session.direction.value_or(StreamConfig::DirectionFullDuplex));

@@ -67,7 +67,8 @@ class SectionScan {
   public:
     explicit SectionScan(RemoteMedia& out) : mOut(out) {}
 
-    // Starts reading section; its lines are worth scanning only when scanning() says so.
+    // Starts reading section, once a scan; its lines are worth scanning only when scanning() says
+    // so.
     void start(const MediaSection& section);
     bool scanning() const { return mPayloadTypes.isSuccess(); }
     void take(const Line& line, const LineValues& values);
