@@ -71,7 +71,8 @@ struct LineValues {
 };
 
 // Sees the lines as the syntax check reads them, so that a reader needs no second walk. Lines
-// come in order, but a later line may still fail the syntax check.
+// come in order, but a later line may still fail the syntax check. Of the values, only the fields
+// of the line's own type are its; the others are left from earlier lines.
 class LineObserver {
   public:
     // A line before the first m= line.
