@@ -105,6 +105,39 @@ AmrName amrName(std::string_view name) {
     }
 }
 
+// The name of a parameter in its usual spelling, lower case with '=' right after it, told by its
+// first letter and a comparison of a known length; Other for any other spelling.
+AmrName usualName(const char* at, const char* end, std::string_view& name) {
+    const auto is = [at, end, &name](const auto& spelling) {
+        // With its '='.
+        const size_t size = sizeof(spelling) - 1;
+        if (toSize(end - at) < size || std::memcmp(at, spelling, size) != 0) {
+            return false;
+        }
+        name = std::string_view(at, size - 1);
+        return true;
+    };
+    switch (at == end ? '\0' : *at) {
+        case 'm':
+            return is("mode-change-capability=") ? AmrName::ModeChangeCapability
+                   : is("max-red=")              ? AmrName::MaxRed
+                   : is("mode-set=")             ? AmrName::ModeSet
+                   : is("mode-change-period=")   ? AmrName::ModeChangePeriod
+                   : is("mode-change-neighbor=") ? AmrName::ModeChangeNeighbor
+                                                 : AmrName::Other;
+        case 'o':
+            return is("octet-align=") ? AmrName::OctetAlign : AmrName::Other;
+        case 'c':
+            return is("crc=") ? AmrName::Crc : AmrName::Other;
+        case 'r':
+            return is("robust-sorting=") ? AmrName::RobustSorting : AmrName::Other;
+        case 'i':
+            return is("interleaving=") ? AmrName::Interleaving : AmrName::Other;
+        default:
+            return AmrName::Other;
+    }
+}
+
 // A default configuration of band with every mode of the band, ascending.
 AmrCodecConfig everyModeConfig(BandType band) {
     AmrCodecConfig config;
@@ -158,12 +191,15 @@ bool readAmrParameters(std::string_view text, const Line& line, BandType band, A
         while (at != end && isBlank(*at)) {
             ++at;
         }
+        std::string_view name;
+        AmrName known = usualName(at, end, name);
+        const char* equals = known != AmrName::Other ? at + name.size() : nullptr;
         // A known name holds no ';': when the text up to the next '=' is one, that '=' is this
         // parameter's and its end needs no search of its own.
-        const auto* equals = static_cast<const char*>(std::memchr(at, '=', toSize(end - at)));
-        std::string_view name;
-        AmrName known = AmrName::Other;
-        if (equals != nullptr) {
+        if (known == AmrName::Other) {
+            equals = static_cast<const char*>(std::memchr(at, '=', toSize(end - at)));
+        }
+        if (known == AmrName::Other && equals != nullptr) {
             name = trimEnd(std::string_view(at, toSize(equals - at)));
             known = amrName(name);
         }
