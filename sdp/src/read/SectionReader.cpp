@@ -74,6 +74,13 @@ bool classifyUsual(RemoteFormat& format) {
     return true;
 }
 
+// The payload type that text starts with, ended by a blank or by the text's end; false for any
+// other start.
+bool leadingPayloadType(std::string_view text, uint32_t& payloadType, size_t& digits) {
+    return leadingNumber(text, kMaxPayloadType, payloadType, digits) &&
+           (digits == text.size() || isBlank(text[digits]));
+}
+
 // "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
 void classify(RemoteFormat& format) {
     if (classifyUsual(format)) {
@@ -120,15 +127,17 @@ void readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
     // At most one of each payload type: the list is bounded whatever the line's length.
     std::array<uint8_t, kMaxPayloadType + 1> listed;
     size_t count = 0;
+    // Each token is read once, digit by digit; only a bad one is read again, whole, to be named.
     std::string_view tokens = section.formats;
-    for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
+    for (tokens = trimStart(tokens); !tokens.empty(); tokens = trimStart(tokens)) {
         uint32_t payloadType;
         size_t digits;
-        if (!leadingNumber(token, kMaxPayloadType, payloadType, digits) || digits != token.size()) {
+        if (!leadingPayloadType(tokens, payloadType, digits)) {
             refusal = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                                "Bad payload type: ", token);
+                                "Bad payload type: ", nextField(tokens));
             return;
         }
+        tokens.remove_prefix(digits);
         // The model would refuse the second codec too, but would not release it.
         if (index[payloadType] != kUnlisted) {
             refusal = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
@@ -154,8 +163,7 @@ RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
     value = trimStart(value);
     uint32_t payloadType;
     size_t digits;
-    if (!leadingNumber(value, kMaxPayloadType, payloadType, digits) ||
-        (digits < value.size() && !isBlank(value[digits])) || index[payloadType] == kUnlisted) {
+    if (!leadingPayloadType(value, payloadType, digits) || index[payloadType] == kUnlisted) {
         return nullptr;
     }
     rest = trim(value.substr(digits));
