@@ -15,7 +15,8 @@ namespace {
 
 const uint32_t kMaxRedundancy = 65535;
 
-bool readNumber(std::string_view value, uint32_t min, uint32_t max, uint32_t& number) {
+// Inline: read once a parameter, each call with bounds known when compiling.
+inline bool readNumber(std::string_view value, uint32_t min, uint32_t max, uint32_t& number) {
     uint64_t parsed;
     if (!parseDecimal(value, max, parsed) || parsed < min) {
         return false;
@@ -24,7 +25,7 @@ bool readNumber(std::string_view value, uint32_t min, uint32_t max, uint32_t& nu
     return true;
 }
 
-bool readFlag(std::string_view value, bool& flag) {
+inline bool readFlag(std::string_view value, bool& flag) {
     uint32_t number;
     if (!readNumber(value, 0, 1, number)) {
         return false;
