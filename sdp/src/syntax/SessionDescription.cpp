@@ -232,9 +232,13 @@ bool Description::parseTiming(std::string_view value, uint64_t& start, uint64_t&
 
 bool Description::parseBandwidth(std::string_view value, std::string_view& modifier,
                                  uint32_t& bandwidth) {
-    const size_t colon = value.find(':');
+    // A modifier is a few letters: a walk finds the colon sooner than a search.
+    size_t colon = 0;
+    while (colon < value.size() && value[colon] != ':') {
+        ++colon;
+    }
     uint64_t number;
-    if (colon == 0 || colon == std::string_view::npos ||
+    if (colon == 0 || colon == value.size() ||
         !parseDecimal(value.substr(colon + 1), std::numeric_limits<uint32_t>::max(), number)) {
         return false;
     }
