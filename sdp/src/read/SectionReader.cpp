@@ -166,7 +166,8 @@ RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
     if (!leadingPayloadType(value, payloadType, digits) || index[payloadType] == kUnlisted) {
         return nullptr;
     }
-    rest = trim(value.substr(digits));
+    value.remove_prefix(digits);
+    rest = trim(value);
     return &remote.formats[index[payloadType]];
 }
 
