@@ -1,5 +1,7 @@
 #include "stream/StreamBuilder.h"
 
+#include <string_view>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -23,13 +25,20 @@ StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::D
     return static_cast<StreamConfig::Direction>(direction & allowed);
 }
 
+namespace {
+
 void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction,
                          std::string_view remoteIp) {
-    (void)stream.setDirection(direction);
+    // Its Result costs more than the comparison.
+    if (stream.getDirection() != direction) {
+        (void)stream.setDirection(direction);
+    }
     // Given, not read back: getRemoteIp() returns a copy.
     stream.setHoldState(direction != StreamConfig::DirectionFullDuplex || remoteIp == "0.0.0.0" ||
                         remoteIp == "::");
 }
+
+}  // namespace
 
 void startStream(const RemoteMedia& remote, StreamConfig& stream, StreamConfig::Direction allowed) {
     // The reader checked the address and the port with the model's own checks.
@@ -42,7 +51,10 @@ void startStream(const RemoteMedia& remote, StreamConfig& stream, StreamConfig::
     stream.clearUplinkCodecs();
     stream.clearDownlinkCodecs();
     stream.setPdpContext(StreamConfig::PdpContext());
-    (void)stream.setRemoteRtpPort(remote.port);
+    // A stream negotiated again mostly keeps its port; the setter's Result costs more.
+    if (stream.getRemoteRtpPort() != remote.port) {
+        (void)stream.setRemoteRtpPort(remote.port);
+    }
     setDirectionAndHold(stream, limit(mirror(remote.direction), allowed), remote.address);
     stream.setRtpProfile(remote.profile);
 }

@@ -9,7 +9,6 @@
 #include "read/RemoteMedia.h"
 
 #include <optional>
-#include <string_view>
 
 namespace velmora {
 namespace rune {
@@ -21,15 +20,11 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction);
 // What both directions allow: it sends only when both send, receives only when both receive.
 StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::Direction allowed);
 
-// Sets the direction of stream, and its hold state: held when the direction is not full duplex
-// or remoteIp, the stream's remote address, is 0.0.0.0 or :: (RFC 3264 section 8.4, the old way
-// to hold), so that a media engine can tell from isHeld() alone. Codecs are placed after it.
-void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction,
-                         std::string_view remoteIp);
-
 // Makes stream, in place, a default StreamConfig with the remote endpoint and profile of remote
 // (read, so checked) and the direction it declares, mirrored and limited to allowed, with its
-// hold state.
+// hold state: held when the direction is not full duplex or the address is 0.0.0.0 or :: (RFC
+// 3264 section 8.4, the old way to hold), so that a media engine can tell from isHeld() alone.
+// Codecs are placed after it.
 void startStream(const RemoteMedia& remote, StreamConfig& stream,
                  StreamConfig::Direction allowed = StreamConfig::DirectionFullDuplex);
 
