@@ -1,7 +1,6 @@
 // Accepting the answer to an offer this side sent (the offerer's side of RFC 3264 and of RFC
 // 4867 section 8.3.1).
 #include <velmora/rune/Amr.h>
-#include <velmora/rune/Dtmf.h>
 #include <velmora/rune/sdp/Sdp.h>
 
 #include "DialogAccept.h"
@@ -110,18 +109,10 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
         answered.packetTime ? answered.packetTime : offered.packetTime;
     const std::optional<uint32_t> maxPacketTime =
         answered.maxPacketTime ? answered.maxPacketTime : offered.maxPacketTime;
-    for (const RemoteFormat& format : answered) {
-        if (&format == choice.amr) {
-            AmrCodecConfig amr;
-            configureAmr(*choice.answered,
-                         agreedModes(choice.answered->modes, choice.offered->modes), format.band,
-                         format.payloadType, amr);
-            placeCodec(amr, packetTime, maxPacketTime, stream);
-        } else if (&format == choice.events) {
-            DtmfCodecConfig dtmf = telephoneEvent(format);
-            placeCodec(dtmf, packetTime, maxPacketTime, stream);
-        }
-    }
+    AmrCodecConfig amr;
+    configureAmr(*choice.answered, agreedModes(choice.answered->modes, choice.offered->modes),
+                 choice.amr->band, choice.amr->payloadType, amr);
+    placeAgreedCodecs(amr, *choice.amr, choice.events, packetTime, maxPacketTime, stream);
 }
 
 }  // namespace

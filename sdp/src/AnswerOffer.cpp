@@ -174,14 +174,8 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
     stream.setRtcp(rtcp.getRs() != 0 || rtcp.getRr() != 0);
-    for (const RemoteFormat& format : remote) {
-        if (&format == choice.amr) {
-            placeCodec(amr, times.packetTime, times.maxPacketTime, stream);
-        } else if (&format == choice.events) {
-            DtmfCodecConfig dtmf = telephoneEvent(format);
-            placeCodec(dtmf, times.packetTime, times.maxPacketTime, stream);
-        }
-    }
+    placeAgreedCodecs(amr, *choice.amr, choice.events, times.packetTime, times.maxPacketTime,
+                      stream);
     return result;
 }
 
