@@ -53,22 +53,30 @@ const CodecList kUplink{&StreamConfig::getUplinkCodecCount, &StreamConfig::getUp
 const CodecList kDownlink{&StreamConfig::getDownlinkCodecCount, &StreamConfig::getDownlinkCodec,
                           &StreamConfig::clearDownlinkCodecs, &StreamConfig::addDownlinkCodec};
 
-// Makes held a copy of codec when both are of the same class of the library's, keeping held's
-// memory; false otherwise.
-bool copyInPlace(const CodecConfig& codec, CodecConfig* held) {
-    const std::type_info& type = typeid(codec);
-    if (held == nullptr || typeid(*held) != type) {
+// Makes held a copy of codec when both are Codecs, keeping held's memory; false otherwise.
+template <typename Codec>
+bool copyAs(const CodecConfig& codec, CodecConfig& held) {
+    if (typeid(codec) != typeid(Codec) || typeid(held) != typeid(Codec)) {
         return false;
     }
-    if (type == typeid(AmrCodecConfig)) {
-        *static_cast<AmrCodecConfig*>(held) = static_cast<const AmrCodecConfig&>(codec);
-        return true;
+    static_cast<Codec&>(held) = static_cast<const Codec&>(codec);
+    return true;
+}
+
+// Makes held a copy of codec when both are of the same class of the library's; false otherwise.
+// The codec id tells which class to compare with: a type comparison that fails costs more.
+bool copyInPlace(const CodecConfig& codec, CodecConfig* held) {
+    if (held == nullptr || held->getCodecId() != codec.getCodecId()) {
+        return false;
     }
-    if (type == typeid(DtmfCodecConfig)) {
-        *static_cast<DtmfCodecConfig*>(held) = static_cast<const DtmfCodecConfig&>(codec);
-        return true;
+    switch (codec.getCodecId()) {
+        case CodecIdAmr:
+            return copyAs<AmrCodecConfig>(codec, *held);
+        case CodecIdDtmf:
+            return copyAs<DtmfCodecConfig>(codec, *held);
+        default:
+            return false;
     }
-    return false;
 }
 
 // Makes a list of stream hold copies of codecs: in place when it holds as many of the same
