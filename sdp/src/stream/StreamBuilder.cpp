@@ -40,18 +40,34 @@ void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction
                         remoteIp == "::");
 }
 
-// One of a stream's codec lists.
-struct CodecList {
-    unsigned int (StreamConfig::*count)() const;
-    CodecConfig* (StreamConfig::*get)(unsigned int) const;
-    void (StreamConfig::*clear)();
-    StreamConfig::Result (StreamConfig::*add)(const CodecConfig&);
-};
+// One of a stream's codec lists. Called, not taken by address: an inline member's address would
+// add it to the library's exported symbols.
+class CodecList {
+  public:
+    CodecList(StreamConfig& stream, bool uplink) : mStream(stream), mUplink(uplink) {}
 
-const CodecList kUplink{&StreamConfig::getUplinkCodecCount, &StreamConfig::getUplinkCodec,
-                        &StreamConfig::clearUplinkCodecs, &StreamConfig::addUplinkCodec};
-const CodecList kDownlink{&StreamConfig::getDownlinkCodecCount, &StreamConfig::getDownlinkCodec,
-                          &StreamConfig::clearDownlinkCodecs, &StreamConfig::addDownlinkCodec};
+    unsigned int count() const {
+        return mUplink ? mStream.getUplinkCodecCount() : mStream.getDownlinkCodecCount();
+    }
+    CodecConfig* get(unsigned int index) const {
+        return mUplink ? mStream.getUplinkCodec(index) : mStream.getDownlinkCodec(index);
+    }
+    void clear() {
+        if (mUplink) {
+            mStream.clearUplinkCodecs();
+        } else {
+            mStream.clearDownlinkCodecs();
+        }
+    }
+    // The reader refused repeated payload types, so the list accepts every codec.
+    void add(const CodecConfig& codec) {
+        (void)(mUplink ? mStream.addUplinkCodec(codec) : mStream.addDownlinkCodec(codec));
+    }
+
+  private:
+    StreamConfig& mStream;
+    bool mUplink;
+};
 
 // Makes held a copy of codec when both are Codecs, keeping held's memory; false otherwise.
 template <typename Codec>
@@ -79,15 +95,13 @@ bool copyInPlace(const CodecConfig& codec, CodecConfig* held) {
     }
 }
 
-// Makes a list of stream hold copies of codecs: in place when it holds as many of the same
-// classes (a dialog's stream negotiated again), else anew. The reader refused repeated payload
-// types, so the list accepts every codec.
+// Makes list hold copies of codecs: in place when it holds as many of the same classes (a
+// dialog's stream negotiated again), else anew.
 template <size_t Size>
-void fill(StreamConfig& stream, const CodecList& list, const std::array<CodecConfig*, Size>& codecs,
-          unsigned int count) {
-    const unsigned int held = (stream.*list.count)();
+void fill(CodecList list, const std::array<CodecConfig*, Size>& codecs, unsigned int count) {
+    const unsigned int held = list.count();
     unsigned int kept = 0;
-    while (held == count && kept < count && copyInPlace(*codecs[kept], (stream.*list.get)(kept))) {
+    while (held == count && kept < count && copyInPlace(*codecs[kept], list.get(kept))) {
         ++kept;
     }
     if (held == count && kept == count) {
@@ -95,10 +109,10 @@ void fill(StreamConfig& stream, const CodecList& list, const std::array<CodecCon
     }
     // A new stream's lists are empty already.
     if (held > 0) {
-        (stream.*list.clear)();
+        list.clear();
     }
     for (unsigned int i = 0; i < count; ++i) {
-        (void)(stream.*list.add)(*codecs[i]);
+        list.add(*codecs[i]);
     }
 }
 
@@ -185,8 +199,8 @@ void placeAgreedCodecs(AmrCodecConfig& amr, const RemoteFormat& amrFormat,
         }
     }
     const bool downlink = stream.hasDownlink() || !stream.hasUplink();
-    fill(stream, kUplink, codecs, stream.hasUplink() ? count : 0);
-    fill(stream, kDownlink, codecs, downlink ? count : 0);
+    fill(CodecList(stream, true), codecs, stream.hasUplink() ? count : 0);
+    fill(CodecList(stream, false), codecs, downlink ? count : 0);
 }
 
 }  // namespace sdp
