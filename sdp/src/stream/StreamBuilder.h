@@ -21,11 +21,12 @@ StreamConfig::Direction mirror(StreamConfig::Direction direction);
 // What both directions allow: it sends only when both send, receives only when both receive.
 StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::Direction allowed);
 
-// Makes stream, in place, a default StreamConfig with the remote endpoint and profile of remote
-// (read, so checked) and the direction it declares, mirrored and limited to allowed, with its
-// hold state: held when the direction is not full duplex or the address is 0.0.0.0 or :: (RFC
-// 3264 section 8.4, the old way to hold), so that a media engine can tell from isHeld() alone.
-// Its codecs are left for placeAgreedCodecs, or for placeCodec once they are cleared.
+// Makes every field of stream but its codecs, in place, a default StreamConfig's, with the remote
+// endpoint and profile of remote (read, so checked) and the direction it declares, mirrored and
+// limited to allowed, with its hold state: held when the direction is not full duplex or the
+// address is 0.0.0.0 or :: (RFC 3264 section 8.4, the old way to hold), so that a media engine can
+// tell from isHeld() alone. Its codecs are left for placeAgreedCodecs, or for placeCodec once they
+// are cleared.
 void startStream(const RemoteMedia& remote, StreamConfig& stream,
                  StreamConfig::Direction allowed = StreamConfig::DirectionFullDuplex);
 
