@@ -17,31 +17,62 @@ bool isTokenCharacter(char c) {
            std::string_view("-.!%*_+`'~").find(c) != std::string_view::npos;
 }
 
-bool isToken(std::string_view text) {
-    for (char c : text) {
-        if (!isTokenCharacter(c)) {
-            return false;
-        }
-    }
-    return !text.empty();
-}
-
 // "<type> [<strength>] <status-type> <direction-tag>", the strength for a=des only.
 bool readRow(std::string_view value, PreconditionRow& row) {
-    row.type = nextField(value);
+    // The type is a token ended by a blank or the end: one pass over it.
+    value = trimStart(value);
+    size_t end = 0;
+    while (end < value.size() && isTokenCharacter(value[end])) {
+        ++end;
+    }
+    row.type = value.substr(0, end);
+    value.remove_prefix(end);
+    if (row.type.empty() || (!value.empty() && !isBlank(value.front()))) {
+        return false;
+    }
     value = trimStart(value);
     size_t strength = 0;
     size_t statusType;
     size_t direction;
-    if (!isToken(row.type) ||
-        (row.kind == Preconditions::Kind::Desired && !takeWord(kStrengthWords, value, strength)) ||
-        !takeWord(kStatusTypeWords, value, statusType) ||
-        !takeWord(kDirectionTagWords, value, direction) || !value.empty()) {
+    if ((row.kind == Preconditions::Kind::Desired && !takeWord<kStrengthWords>(value, strength)) ||
+        !takeWord<kStatusTypeWords>(value, statusType) ||
+        !takeWord<kDirectionTagWords>(value, direction) || !value.empty()) {
         return false;
     }
     row.strength = static_cast<Strength>(strength);
     row.statusType = static_cast<Preconditions::StatusType>(statusType);
     row.direction = static_cast<StreamConfig::Direction>(direction);
+    return true;
+}
+
+// Whether the value of an a= line is the name of that kind, then a colon and a value, or nothing;
+// the name and the colon are taken off it. Names are compared as written, as the other
+// attributes' are.
+template <size_t Kind>
+bool takeKindName(std::string_view& attribute) {
+    constexpr std::string_view name = kPreconditionKindWords[Kind];
+    if ((attribute.size() > name.size() && attribute[name.size()] != ':') ||
+        !startsWithBytes<name.size()>(attribute, name.data())) {
+        return false;
+    }
+    attribute.remove_prefix(std::min(name.size() + 1, attribute.size()));
+    return true;
+}
+
+// The kind of an a=curr, a=des or a=conf line, its value left in attribute; false for others.
+bool takeKind(std::string_view& attribute, Preconditions::Kind& kind) {
+    static_assert(kPreconditionKindWords.size() == 3, "three kinds");
+    size_t index = 0;
+    if (takeKindName<0>(attribute)) {
+        index = 0;
+    } else if (takeKindName<1>(attribute)) {
+        index = 1;
+    } else if (takeKindName<2>(attribute)) {
+        index = 2;
+    } else {
+        return false;
+    }
+    kind = static_cast<Preconditions::Kind>(index);
     return true;
 }
 
@@ -59,17 +90,11 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
         if (text.size() < 3 || text[0] != 'a' || (text[2] != 'c' && text[2] != 'd')) {
             continue;
         }
-        std::string_view name;
-        std::string_view value;
-        Description::splitAttribute(line, name, value);
-        // Attribute names are compared as written, as the other attributes are.
-        const auto* const kind =
-            std::find(kPreconditionKindWords.begin(), kPreconditionKindWords.end(), name);
-        if (kind == kPreconditionKindWords.end()) {
+        std::string_view value = line.value();
+        PreconditionRow row;
+        if (!takeKind(value, row.kind)) {
             continue;
         }
-        PreconditionRow row;
-        row.kind = static_cast<Preconditions::Kind>(kind - kPreconditionKindWords.begin());
         if (!readRow(value, row)) {
             return refusalAt(line, StreamConfig::InvalidParam, "Bad precondition");
         }
