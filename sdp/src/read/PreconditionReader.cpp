@@ -78,7 +78,8 @@ bool takeKind(std::string_view& attribute, Preconditions::Kind& kind) {
 
 bool isUnsupported(const PreconditionRow& row) {
     return row.kind == Preconditions::Kind::Desired && row.strength == Strength::Mandatory &&
-           row.statusType != Preconditions::StatusType::Local && !equalsIgnoreCase(row.type, "qos");
+           row.statusType != Preconditions::StatusType::Local &&
+           !equalsIgnoreCase(row.type, kQosType);
 }
 
 // Of the lines, those of a=curr, a=des and a=conf.

@@ -1,6 +1,7 @@
 #include "stream/PreconditionRules.h"
 
 #include "stream/StreamBuilder.h"
+#include "syntax/PreconditionWords.h"
 
 #include <algorithm>
 #include <string_view>
@@ -15,7 +16,7 @@ using Kind = Preconditions::Kind;
 using Row = PreconditionRow;
 using StatusType = Preconditions::StatusType;
 
-constexpr std::string_view kQos = "qos";
+constexpr std::string_view kQos = kQosType;
 
 Row qosRow(Kind kind, Strength strength, StatusType statusType, StreamConfig::Direction direction) {
     return Row{kind, kQos, strength, statusType, direction};
@@ -32,10 +33,10 @@ AnyRow mirrored(AnyRow row) {
 }
 
 // Whether the rows have a qos row of the segmented model, where this side reports its own
-// segment.
+// segment. A confirmation is no such row.
 bool hasQosSegments(const PreconditionRows& rows) {
     return std::any_of(rows.begin(), rows.end(), [](const Row& row) {
-        return row.type == kQos && row.statusType != StatusType::E2e;
+        return row.kind != Kind::Confirmed && row.type == kQos && row.statusType != StatusType::E2e;
     });
 }
 
@@ -62,6 +63,67 @@ void askConfirmation(PreconditionRows& answer) {
     }
 }
 
+// What this side says of its own segment in an answer.
+struct OwnSegment {
+    // The directions it has reserved.
+    StreamConfig::Direction status;
+    // What it desires.
+    Strength strength;
+    // Whether the offer has the segmented model, where this side reports its segment.
+    bool reported;
+};
+
+// Of rows kept in a body's order, from at on: the end of those of that kind and status type.
+const Row* endOf(const Row* at, const Row* end, Kind kind, StatusType statusType) {
+    while (at != end && at->kind == kind && at->statusType == statusType) {
+        ++at;
+    }
+    return at;
+}
+
+// The answer to an offered row.
+Row answered(const Row& offered, Strength strength) {
+    Row row = mirrored(offered);
+    if (row.kind == Kind::Desired) {
+        const bool own = row.type == kQos && row.statusType == StatusType::Local;
+        // Never lower than offered; failure and unknown, last in Strength, stay.
+        row.strength = std::max(row.strength, own ? strength : Strength::None);
+    }
+    return row;
+}
+
+void answerRows(const Row* begin, const Row* end, Strength strength, PreconditionRows& answer) {
+    for (const Row* row = begin; row != end; ++row) {
+        answer.add(answered(*row, strength));
+    }
+}
+
+// The answer's local rows of kind, from the offer's remote rows, begin to end. Where this side
+// reports its segment, its a=curr qos row is its status, and it desires its strength.
+void answerLocalRows(const Row* begin, const Row* end, Kind kind, const OwnSegment& own,
+                     PreconditionRows& answer) {
+    bool hasQos = false;
+    for (const Row* row = begin; row != end; ++row) {
+        Row local = answered(*row, own.strength);
+        if (local.type == kQos) {
+            hasQos = true;
+            if (own.reported && kind == Kind::Current) {
+                local = qosRow(Kind::Current, Strength::None, StatusType::Local, own.status);
+            }
+        }
+        answer.add(local);
+    }
+    if (!own.reported || hasQos) {
+        return;
+    }
+    if (kind == Kind::Current) {
+        answer.add(qosRow(Kind::Current, Strength::None, StatusType::Local, own.status));
+    } else if (own.strength != Strength::None) {
+        answer.add(qosRow(Kind::Desired, own.strength, StatusType::Local,
+                          StreamConfig::DirectionFullDuplex));
+    }
+}
+
 }  // namespace
 
 bool covers(StreamConfig::Direction have, StreamConfig::Direction want) {
@@ -81,26 +143,19 @@ Preconditions mirrorPreconditions(const Preconditions& preconditions) {
 
 void answerPreconditions(const PreconditionRows& offered, StreamConfig::Direction status,
                          Strength strength, PreconditionRows& answer) {
-    for (const Row& row : offered) {
-        // A confirmation asked of this side is no row of the answer's.
-        if (row.kind == Kind::Confirmed) {
-            continue;
-        }
-        Row answered = mirrored(row);
-        if (answered.kind == Kind::Desired) {
-            const bool own = answered.type == kQos && answered.statusType == StatusType::Local;
-            // Never lower than offered; failure and unknown, last in Strength, stay.
-            answered.strength = std::max(answered.strength, own ? strength : Strength::None);
-        }
-        answer.add(answered);
-    }
-    if (hasQosSegments(answer)) {
-        setLocalStatus(answer, status);
-        if (strength != Strength::None &&
-            answer.find(Kind::Desired, kQos, StatusType::Local) == nullptr) {
-            answer.add(qosRow(Kind::Desired, strength, StatusType::Local,
-                              StreamConfig::DirectionFullDuplex));
-        }
+    const OwnSegment own{status, strength, hasQosSegments(offered)};
+    // The offered rows of a kind come local, remote, then e2e. Answered, the remote ones go
+    // first: each row then goes after the last, without a search. A confirmation asked of this
+    // side is no row of the answer's.
+    const Row* at = offered.begin();
+    for (const Kind kind : {Kind::Current, Kind::Desired}) {
+        const Row* const remote = endOf(at, offered.end(), kind, StatusType::Local);
+        const Row* const e2e = endOf(remote, offered.end(), kind, StatusType::Remote);
+        const Row* const next = endOf(e2e, offered.end(), kind, StatusType::E2e);
+        answerLocalRows(remote, e2e, kind, own, answer);
+        answerRows(at, remote, strength, answer);
+        answerRows(e2e, next, strength, answer);
+        at = next;
     }
     askConfirmation(answer);
 }

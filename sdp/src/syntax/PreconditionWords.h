@@ -18,6 +18,8 @@ namespace velmora {
 namespace rune {
 namespace sdp {
 
+// The type of the usual precondition rows, quality of service.
+constexpr std::string_view kQosType = "qos";
 // By Preconditions::Kind.
 constexpr std::array<std::string_view, 3> kPreconditionKindWords = {"curr", "des", "conf"};
 // By Strength.
