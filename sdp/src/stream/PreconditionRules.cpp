@@ -36,7 +36,8 @@ AnyRow mirrored(AnyRow row) {
 // segment. A confirmation is no such row.
 bool hasQosSegments(const PreconditionRows& rows) {
     return std::any_of(rows.begin(), rows.end(), [](const Row& row) {
-        return row.kind != Kind::Confirmed && row.type == kQos && row.statusType != StatusType::E2e;
+        return row.kind != Kind::Confirmed && isQosType(row.type) &&
+               row.statusType != StatusType::E2e;
     });
 }
 
@@ -85,7 +86,7 @@ const Row* endOf(const Row* at, const Row* end, Kind kind, StatusType statusType
 Row answered(const Row& offered, Strength strength) {
     Row row = mirrored(offered);
     if (row.kind == Kind::Desired) {
-        const bool own = row.type == kQos && row.statusType == StatusType::Local;
+        const bool own = isQosType(row.type) && row.statusType == StatusType::Local;
         // Never lower than offered; failure and unknown, last in Strength, stay.
         row.strength = std::max(row.strength, own ? strength : Strength::None);
     }
@@ -105,7 +106,7 @@ void answerLocalRows(const Row* begin, const Row* end, Kind kind, const OwnSegme
     bool hasQos = false;
     for (const Row* row = begin; row != end; ++row) {
         Row local = answered(*row, own.strength);
-        if (local.type == kQos) {
+        if (isQosType(local.type)) {
             hasQos = true;
             if (own.reported && kind == Kind::Current) {
                 local = qosRow(Kind::Current, Strength::None, StatusType::Local, own.status);

@@ -58,6 +58,11 @@ bool startsWithBytes(std::string_view text, const char* word) {
     return text.size() >= Size && equalBytes<Size>(text.data(), word);
 }
 
+inline bool isQosType(std::string_view type) {
+    return type.size() == kQosType.size() &&
+           startsWithBytes<kQosType.size()>(type, kQosType.data());
+}
+
 // Whether text starts with the word of Words at Index, as written, followed by a blank or the end.
 template <const auto& Words, size_t Index>
 bool startsWithWord(std::string_view text) {
