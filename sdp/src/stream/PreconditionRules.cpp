@@ -82,41 +82,32 @@ const Row* endOf(const Row* at, const Row* end, Kind kind, StatusType statusType
     return at;
 }
 
-// The answer to an offered row.
-Row answered(const Row& offered, Strength strength) {
-    Row row = mirrored(offered);
-    if (row.kind == Kind::Desired) {
-        const bool own = isQosType(row.type) && row.statusType == StatusType::Local;
-        // Never lower than offered; failure and unknown, last in Strength, stay.
-        row.strength = std::max(row.strength, own ? strength : Strength::None);
-    }
-    return row;
-}
-
-void answerRows(const Row* begin, const Row* end, Strength strength, PreconditionRows& answer) {
-    for (const Row* row = begin; row != end; ++row) {
-        answer.add(answered(*row, strength));
-    }
-}
-
-// The answer's local rows of kind, from the offer's remote rows, begin to end. Where this side
-// reports its segment, its a=curr qos row is its status, and it desires its strength.
-void answerLocalRows(const Row* begin, const Row* end, Kind kind, const OwnSegment& own,
-                     PreconditionRows& answer) {
-    bool hasQos = false;
-    for (const Row* row = begin; row != end; ++row) {
-        Row local = answered(*row, own.strength);
-        if (isQosType(local.type)) {
-            hasQos = true;
-            if (own.reported && kind == Kind::Current) {
-                local = qosRow(Kind::Current, Strength::None, StatusType::Local, own.status);
+// Answers the offered rows from begin to end, all of one status type, which is statusType seen
+// from here. This side's qos rows desire its strength at least; where it reports its segment, its
+// a=curr qos row is its status. Whether this side has a qos row among them.
+bool answerRows(const Row* begin, const Row* end, StatusType statusType, const OwnSegment& own,
+                PreconditionRows& answer) {
+    bool hasOwnQos = false;
+    for (const Row* offered = begin; offered != end; ++offered) {
+        Row row = *offered;
+        row.statusType = statusType;
+        row.direction = mirror(row.direction);
+        if (statusType == StatusType::Local && isQosType(row.type)) {
+            hasOwnQos = true;
+            if (row.kind == Kind::Desired) {
+                // Never lower than offered; failure and unknown, last in Strength, stay.
+                row.strength = std::max(row.strength, own.strength);
+            } else if (own.reported) {
+                row = qosRow(Kind::Current, Strength::None, StatusType::Local, own.status);
             }
         }
-        answer.add(local);
+        answer.add(row);
     }
-    if (!own.reported || hasQos) {
-        return;
-    }
+    return hasOwnQos;
+}
+
+// This side's qos row of kind, where it reports its segment and the offer has none.
+void addOwnQosRow(Kind kind, const OwnSegment& own, PreconditionRows& answer) {
     if (kind == Kind::Current) {
         answer.add(qosRow(Kind::Current, Strength::None, StatusType::Local, own.status));
     } else if (own.strength != Strength::None) {
@@ -153,9 +144,11 @@ void answerPreconditions(const PreconditionRows& offered, StreamConfig::Directio
         const Row* const remote = endOf(at, offered.end(), kind, StatusType::Local);
         const Row* const e2e = endOf(remote, offered.end(), kind, StatusType::Remote);
         const Row* const next = endOf(e2e, offered.end(), kind, StatusType::E2e);
-        answerLocalRows(remote, e2e, kind, own, answer);
-        answerRows(at, remote, strength, answer);
-        answerRows(e2e, next, strength, answer);
+        if (!answerRows(remote, e2e, StatusType::Local, own, answer) && own.reported) {
+            addOwnQosRow(kind, own, answer);
+        }
+        answerRows(at, remote, StatusType::Remote, own, answer);
+        answerRows(e2e, next, StatusType::E2e, own, answer);
         at = next;
     }
     askConfirmation(answer);
