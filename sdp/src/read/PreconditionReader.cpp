@@ -4,6 +4,9 @@
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
 
 namespace velmora {
 namespace rune {
@@ -11,10 +14,22 @@ namespace sdp {
 
 namespace {
 
-// RFC 3261 token characters.
+// RFC 3261 token characters, by byte: one look-up tells a byte.
+constexpr std::array<bool, 256> makeTokenCharacters() {
+    std::array<bool, 256> token{};
+    for (size_t c = 0; c < token.size(); ++c) {
+        token[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    }
+    for (const char c : std::string_view("-.!%*_+`'~")) {
+        token[static_cast<unsigned char>(c)] = true;
+    }
+    return token;
+}
+
+constexpr std::array<bool, 256> kTokenCharacters = makeTokenCharacters();
+
 bool isTokenCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-.!%*_+`'~").find(c) != std::string_view::npos;
+    return kTokenCharacters[static_cast<unsigned char>(c)];
 }
 
 // "<type> [<strength>] <status-type> <direction-tag>", the strength for a=des only.
