@@ -16,10 +16,8 @@ using Kind = Preconditions::Kind;
 using Row = PreconditionRow;
 using StatusType = Preconditions::StatusType;
 
-constexpr std::string_view kQos = kQosType;
-
 Row qosRow(Kind kind, Strength strength, StatusType statusType, StreamConfig::Direction direction) {
-    return Row{kind, kQos, strength, statusType, direction};
+    return Row{kind, kQosType, strength, statusType, direction};
 }
 
 // Of a public row or a view.
