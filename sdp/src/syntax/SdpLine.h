@@ -207,7 +207,7 @@ bool LineCursor::next(Line& line) {
         const char* const start = begin + mOffset;
         const auto* const newline =
             static_cast<const char*>(std::memchr(start, '\n', static_cast<size_t>(end - start)));
-        size_t length = static_cast<size_t>((newline != nullptr ? newline : end) - start);
+        auto length = static_cast<size_t>((newline != nullptr ? newline : end) - start);
         mOffset = newline != nullptr ? static_cast<size_t>(newline + 1 - begin) : mText.size();
         if (newline != nullptr && length > 0 && start[length - 1] == '\r') {
             --length;
