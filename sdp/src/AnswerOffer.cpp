@@ -175,14 +175,8 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
     stream.setRtcp(rtcp.getRs() != 0 || rtcp.getRr() != 0);
-    for (const RemoteFormat& format : remote) {
-        if (&format == choice.amr) {
-            placeCodec(amr, times.packetTime, times.maxPacketTime, stream);
-        } else if (&format == choice.events) {
-            DtmfCodecConfig dtmf = telephoneEvent(format);
-            placeCodec(dtmf, times.packetTime, times.maxPacketTime, stream);
-        }
-    }
+    placeAgreedCodecs(amr, *choice.amr, choice.events, times.packetTime, times.maxPacketTime,
+                      stream);
     return result;
 }
 
@@ -212,27 +206,31 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
 Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
                       const std::string& localIp, int localPort, const Origin& origin,
                       const DialogRules& rules, StreamConfig& negotiated, std::string& answer) {
-    Result result = checkOrigin(origin);
-    if (result.isSuccess()) {
-        result = checkLocalEndpoint(localIp, localPort);
+    // Each step's refusal is returned as built: a Result assigned costs more.
+    if (Result checked = checkOrigin(origin); checked.isFailure()) {
+        return checked;
+    }
+    if (Result checked = checkLocalEndpoint(localIp, localPort); checked.isFailure()) {
+        return checked;
     }
     Description parsed;
     RemoteMedia remote;
-    if (result.isSuccess()) {
-        result = readDescription(offer, parsed, remote, SectionRule::Required);
+    if (Result read = readDescription(offer, parsed, remote, SectionRule::Required);
+        read.isFailure()) {
+        return read;
     }
     Choice choice;
-    if (result.isSuccess()) {
-        result = chooseSection(parsed, local, rules.agreed, remote, choice);
+    if (Result chosen = chooseSection(parsed, local, rules.agreed, remote, choice);
+        chosen.isFailure()) {
+        return chosen;
     }
     PreconditionRows offered;
-    if (result.isSuccess()) {
-        result = readPreconditions(remote, PreconditionUse::Answered, offered);
+    if (Result rows = readPreconditions(remote, PreconditionUse::Answered, offered);
+        rows.isFailure()) {
+        return rows;
     }
-    if (result.isSuccess()) {
-        choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
-        result = negotiate(remote, local, choice, rules.localDirection, negotiated);
-    }
+    choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
+    Result result = negotiate(remote, local, choice, rules.localDirection, negotiated);
     if (result.isFailure()) {
         return result;
     }

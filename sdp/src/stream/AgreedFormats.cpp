@@ -30,9 +30,14 @@ bool isBoundElsewhere(const RemoteMedia& remote, const AgreedFormat& agreed,
 
 AgreedFormats agreedFormats(const StreamConfig& stream) {
     AgreedFormats agreed;
-    // An inactive stream keeps its codecs on the downlink; either list holds all of them.
-    for (unsigned int i = 0; i < stream.getDownlinkCodecCount(); ++i) {
-        take(*stream.getDownlinkCodec(i), agreed);
+    // Each active list holds all of them; an inactive stream keeps them on the downlink, so the
+    // downlink, when it holds any, tells.
+    const unsigned int downlink = stream.getDownlinkCodecCount();
+    if (downlink > 0) {
+        for (unsigned int i = 0; i < downlink; ++i) {
+            take(*stream.getDownlinkCodec(i), agreed);
+        }
+        return agreed;
     }
     for (unsigned int i = 0; i < stream.getUplinkCodecCount(); ++i) {
         take(*stream.getUplinkCodec(i), agreed);

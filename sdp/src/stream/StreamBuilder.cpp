@@ -1,5 +1,9 @@
 #include "stream/StreamBuilder.h"
 
+#include <array>
+#include <string_view>
+#include <typeinfo>
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -23,13 +27,82 @@ StreamConfig::Direction limit(StreamConfig::Direction direction, StreamConfig::D
     return static_cast<StreamConfig::Direction>(direction & allowed);
 }
 
+namespace {
+
 void setDirectionAndHold(StreamConfig& stream, StreamConfig::Direction direction,
                          std::string_view remoteIp) {
-    (void)stream.setDirection(direction);
+    // Its Result costs more than the comparison.
+    if (stream.getDirection() != direction) {
+        (void)stream.setDirection(direction);
+    }
     // Given, not read back: getRemoteIp() returns a copy.
     stream.setHoldState(direction != StreamConfig::DirectionFullDuplex || remoteIp == "0.0.0.0" ||
                         remoteIp == "::");
 }
+
+// One of a stream's codec lists.
+struct CodecList {
+    unsigned int (StreamConfig::*count)() const;
+    CodecConfig* (StreamConfig::*get)(unsigned int) const;
+    void (StreamConfig::*clear)();
+    StreamConfig::Result (StreamConfig::*add)(const CodecConfig&);
+};
+
+const CodecList kUplink{&StreamConfig::getUplinkCodecCount, &StreamConfig::getUplinkCodec,
+                        &StreamConfig::clearUplinkCodecs, &StreamConfig::addUplinkCodec};
+const CodecList kDownlink{&StreamConfig::getDownlinkCodecCount, &StreamConfig::getDownlinkCodec,
+                          &StreamConfig::clearDownlinkCodecs, &StreamConfig::addDownlinkCodec};
+
+// Makes held a copy of codec when both are Codecs, keeping held's memory; false otherwise.
+template <typename Codec>
+bool copyAs(const CodecConfig& codec, CodecConfig& held) {
+    if (typeid(codec) != typeid(Codec) || typeid(held) != typeid(Codec)) {
+        return false;
+    }
+    static_cast<Codec&>(held) = static_cast<const Codec&>(codec);
+    return true;
+}
+
+// Makes held a copy of codec when both are of the same class of the library's; false otherwise.
+// The codec id tells which class to compare with: a type comparison that fails costs more.
+bool copyInPlace(const CodecConfig& codec, CodecConfig* held) {
+    if (held == nullptr || held->getCodecId() != codec.getCodecId()) {
+        return false;
+    }
+    switch (codec.getCodecId()) {
+        case CodecIdAmr:
+            return copyAs<AmrCodecConfig>(codec, *held);
+        case CodecIdDtmf:
+            return copyAs<DtmfCodecConfig>(codec, *held);
+        default:
+            return false;
+    }
+}
+
+// Makes a list of stream hold copies of codecs: in place when it holds as many of the same
+// classes (a dialog's stream negotiated again), else anew. The reader refused repeated payload
+// types, so the list accepts every codec.
+template <size_t Size>
+void fill(StreamConfig& stream, const CodecList& list, const std::array<CodecConfig*, Size>& codecs,
+          unsigned int count) {
+    const unsigned int held = (stream.*list.count)();
+    unsigned int kept = 0;
+    while (held == count && kept < count && copyInPlace(*codecs[kept], (stream.*list.get)(kept))) {
+        ++kept;
+    }
+    if (held == count && kept == count) {
+        return;
+    }
+    // A new stream's lists are empty already.
+    if (held > 0) {
+        (stream.*list.clear)();
+    }
+    for (unsigned int i = 0; i < count; ++i) {
+        (void)(stream.*list.add)(*codecs[i]);
+    }
+}
+
+}  // namespace
 
 void startStream(const RemoteMedia& remote, StreamConfig& stream, StreamConfig::Direction allowed) {
     // The reader checked the address and the port with the model's own checks.
@@ -39,10 +112,11 @@ void startStream(const RemoteMedia& remote, StreamConfig& stream, StreamConfig::
     stream.muteUplink(StreamConfig::DEFAULT_MUTED);
     stream.setRtcp(StreamConfig::DEFAULT_RTCP_ENABLED);
     stream.setRtcpConfig(RtcpConfig());
-    stream.clearUplinkCodecs();
-    stream.clearDownlinkCodecs();
     stream.setPdpContext(StreamConfig::PdpContext());
-    (void)stream.setRemoteRtpPort(remote.port);
+    // A stream negotiated again mostly keeps its port; the setter's Result costs more.
+    if (stream.getRemoteRtpPort() != remote.port) {
+        (void)stream.setRemoteRtpPort(remote.port);
+    }
     setDirectionAndHold(stream, limit(mirror(remote.direction), allowed), remote.address);
     stream.setRtpProfile(remote.profile);
 }
@@ -90,6 +164,29 @@ void placeCodec(CodecConfig& codec, std::optional<uint32_t> packetTime,
     if (stream.hasDownlink() || !stream.hasUplink()) {
         (void)stream.addDownlinkCodec(codec);
     }
+}
+
+void placeAgreedCodecs(AmrCodecConfig& amr, const RemoteFormat& amrFormat,
+                       const RemoteFormat* events, std::optional<uint32_t> packetTime,
+                       std::optional<uint32_t> maxPacketTime, StreamConfig& stream) {
+    DtmfCodecConfig dtmf = events != nullptr ? telephoneEvent(*events) : DtmfCodecConfig();
+    std::array<CodecConfig*, 2> codecs{&amr, &dtmf};
+    const unsigned int count = events != nullptr ? 2 : 1;
+    // Both point into one m= line's formats.
+    if (events != nullptr && events < &amrFormat) {
+        codecs = {&dtmf, &amr};
+    }
+    for (unsigned int i = 0; i < count; ++i) {
+        if (packetTime) {
+            codecs[i]->setPacketTime(*packetTime);
+        }
+        if (maxPacketTime) {
+            codecs[i]->setMaxPacketTime(*maxPacketTime);
+        }
+    }
+    const bool downlink = stream.hasDownlink() || !stream.hasUplink();
+    fill(stream, kUplink, codecs, stream.hasUplink() ? count : 0);
+    fill(stream, kDownlink, codecs, downlink ? count : 0);
 }
 
 }  // namespace sdp
