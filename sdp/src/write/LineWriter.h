@@ -11,7 +11,10 @@
 #include "amr/AmrFmtp.h"
 #include "syntax/SessionDescription.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -30,6 +33,15 @@ class LineWriter {
 
     LineWriter& text(std::string_view text) {
         mAt += text.copy(room(text.size()), text.size());
+        return *this;
+    }
+    // The first size bytes of bytes. All of them are copied, a copy of a size known here, without
+    // a call; those past size are written over next.
+    template <size_t N>
+    LineWriter& firstBytes(const std::array<char, N>& bytes, size_t size) {
+        char* const at = room(N);
+        std::memcpy(at, bytes.data(), N);
+        mAt = at + size;
         return *this;
     }
     LineWriter& number(uint64_t number);
