@@ -81,8 +81,7 @@ AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
     // What is agreed, not how the offer spells it.
     fmtp.modes = offered.modes.count > 0 ? offered.modes.ascending() : advertisedModes(local, band);
     fmtp.octetAlign = offered.octetAlignText;
-    fmtp.modeChangeCapabilityTwo =
-        local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+    fmtp.modeChangeCapabilityTwo = announcesModeChangeCapability(local);
     fmtp.modeChangePeriodTwo = local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame &&
                                offered.modeChangeCapability == kEveryOtherFrame;
     fmtp.modeChangeNeighbor = local.isModeChangeNeighborRequired();
@@ -104,14 +103,17 @@ const AmrModes& agreedModes(const AmrModes& answered, const AmrModes& offered) {
     return answered.count > 0 ? answered : offered;
 }
 
+bool announcesModeChangeCapability(const AmrCodecCapabilities& local) {
+    return local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+}
+
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned) {
     AmrFmtpText fmtp;
     fmtp.modes = advertisedModes(local, local.getBandType());
     if (octetAligned) {
         fmtp.octetAlign = "1";
     }
-    fmtp.modeChangeCapabilityTwo =
-        local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+    fmtp.modeChangeCapabilityTwo = announcesModeChangeCapability(local);
     fmtp.modeChangePeriodTwo = local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame;
     fmtp.modeChangeNeighbor = local.isModeChangeNeighborRequired();
     fmtp.maxRed = localMaxRed(local);

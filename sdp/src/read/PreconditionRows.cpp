@@ -16,13 +16,13 @@ void PreconditionRows::place(const PreconditionRow& row, Same same) {
         }
         return;
     }
-    if (mHeap.empty() && mSize < kInside) {
+    if (mSize < kInside) {
         std::copy_backward(rows + index, rows + mSize, rows + mSize + 1);
         rows[index] = row;
         ++mSize;
         return;
     }
-    if (mHeap.empty()) {
+    if (inside()) {
         // More rows than a usual exchange has: all of them go to the heap, once.
         mHeap.assign(mInside.begin(), mInside.end());
     }

@@ -95,8 +95,7 @@ class PreconditionRows {
     // Puts row in its place, or a row of the same kind, type and status type as same says.
     void add(const PreconditionRow& row, Same same = Same::Replaced) {
         // Rows mostly come in a body's order: one that goes after the last needs no search.
-        if (mHeap.empty() && mSize < kInside &&
-            (mSize == 0 || rankOf(mInside[mSize - 1]) < rankOf(row))) {
+        if (mSize < kInside && (mSize == 0 || rankOf(mInside[mSize - 1]) < rankOf(row))) {
             mInside[mSize++] = row;
             return;
         }
@@ -107,12 +106,14 @@ class PreconditionRows {
     // Every kind and status type of one precondition type.
     static const size_t kInside = 9;
 
-    PreconditionRow* data() { return mHeap.empty() ? mInside.data() : mHeap.data(); }
-    const PreconditionRow* data() const { return mHeap.empty() ? mInside.data() : mHeap.data(); }
+    // The rows are inside while they fit.
+    bool inside() const { return mSize <= kInside; }
+    PreconditionRow* data() { return inside() ? mInside.data() : mHeap.data(); }
+    const PreconditionRow* data() const { return inside() ? mInside.data() : mHeap.data(); }
     // add, where the row goes before another or beyond the room inside.
     void place(const PreconditionRow& row, Same same);
 
-    // Set up to mSize while mHeap is empty; then mHeap holds every row.
+    // Set up to mSize while the rows are inside; beyond, mHeap holds every row.
     std::array<PreconditionRow, kInside> mInside;
     std::vector<PreconditionRow> mHeap;
     size_t mSize = 0;

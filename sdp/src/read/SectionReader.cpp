@@ -156,10 +156,10 @@ void readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
 
 // The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
 // after the colon are tolerated; a payload type that cannot be read, or that the m= line does
-// not list, leaves the line out.
-RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
-                       const std::array<uint8_t, kMaxPayloadType + 1>& index,
-                       std::string_view& rest) {
+// not list, leaves the line out. Inline: most a= lines of an audio section come here.
+inline RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
+                              const std::array<uint8_t, kMaxPayloadType + 1>& index,
+                              std::string_view& rest) {
     value = trimStart(value);
     uint32_t payloadType;
     size_t digits;

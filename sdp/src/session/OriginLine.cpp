@@ -60,7 +60,11 @@ void writeOriginLine(std::string_view head, uint64_t version, std::string_view t
     char* end = std::to_chars(number + 1, number + sizeof number, version).ptr;
     *end++ = ' ';
     const std::string_view middle(number, static_cast<size_t>(end - number));
-    body.replace(start, line.size(), head.size() + middle.size() + tail.size(), ' ');
+    const size_t size = head.size() + middle.size() + tail.size();
+    // The usual line, of the same length, is overwritten where it is.
+    if (size != line.size()) {
+        body.replace(start, line.size(), size, ' ');
+    }
     char* out = &body[start];
     out = std::copy(head.begin(), head.end(), out);
     out = std::copy(middle.begin(), middle.end(), out);

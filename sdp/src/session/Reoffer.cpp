@@ -50,8 +50,7 @@ const AmrCodecCapabilities* firstAmrCaps(const StreamCapabilities& local, BandTy
 AmrFmtpText reofferedFmtp(const AmrCodecConfig& amr, const StreamCapabilities& local) {
     AmrFmtpText fmtp = configuredFmtp(amr);
     const AmrCodecCapabilities* caps = firstAmrCaps(local, amr.getBandType());
-    fmtp.modeChangeCapabilityTwo =
-        caps != nullptr && offerFmtp(*caps, amr.isOctetAlignModeEnabled()).modeChangeCapabilityTwo;
+    fmtp.modeChangeCapabilityTwo = caps != nullptr && announcesModeChangeCapability(*caps);
     return fmtp;
 }
 
