@@ -19,7 +19,9 @@ namespace {
 
 const uint32_t kNarrowBandClock = 8000;
 const uint32_t kWideBandClock = 16000;
-const uint8_t kUnlisted = 0xFF;
+// An index entry: the format's place in the m= line plus one; the scan starts with every entry
+// unlisted, so reading the payload types fills nothing first.
+const uint8_t kUnlisted = 0;
 
 // The usual spellings, found whole by one comparison of a known length; the others are read
 // piece by piece.
@@ -119,11 +121,10 @@ void classify(RemoteFormat& format) {
     }
 }
 
-// Leaves refusal as it is on success.
+// Leaves refusal as it is on success. index starts unlisted throughout.
 void readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
                       std::array<uint8_t, kMaxPayloadType + 1>& index,
                       StreamConfig::Result& refusal) {
-    index.fill(kUnlisted);
     // At most one of each payload type: the list is bounded whatever the line's length.
     std::array<uint8_t, kMaxPayloadType + 1> listed;
     size_t count = 0;
@@ -145,7 +146,7 @@ void readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
                                 " is already present");
             return;
         }
-        index[payloadType] = static_cast<uint8_t>(count);
+        index[payloadType] = static_cast<uint8_t>(count + 1);
         listed[count++] = static_cast<uint8_t>(payloadType);
     }
     remote.formats.reset(count);
@@ -168,7 +169,7 @@ inline RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
     }
     value.remove_prefix(digits);
     rest = trim(value);
-    return &remote.formats[index[payloadType]];
+    return &remote.formats[index[payloadType] - 1U];
 }
 
 // False with the refusal in refusal.
