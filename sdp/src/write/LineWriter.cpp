@@ -56,7 +56,23 @@ void LineWriter::grow(size_t more) {
     mEnd = mOut.data() + mOut.size();
 }
 
-LineWriter& LineWriter::number(uint64_t number) {
+LineWriter& LineWriter::longNumber(uint64_t number) {
+    // Payload types and packet times: two or three digits from the table, without counting them.
+    if (number < 1000) {
+        static constexpr char kPairs[] =
+            "00010203040506070809101112131415161718192021222324"
+            "25262728293031323334353637383940414243444546474849"
+            "50515253545556575859606162636465666768697071727374"
+            "75767778798081828384858687888990919293949596979899";
+        char* at = room(3);
+        if (number >= 100) {
+            *at++ = static_cast<char>('0' + number / 100);
+            number %= 100;
+        }
+        std::memcpy(at, kPairs + 2 * number, 2);
+        mAt = at + 2;
+        return *this;
+    }
     // Straight into the room, without a copy.
     char* at = room(kMaxDigits);
     mAt = std::to_chars(at, at + kMaxDigits, number).ptr;
