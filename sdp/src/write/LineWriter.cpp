@@ -98,10 +98,11 @@ void LineWriter::sessionPart(const Origin& origin, std::string_view address,
     LineCursor lines = times != nullptr ? times->sessionLines() : LineCursor({}, 1);
     Line line;
     while (lines.next(line)) {
-        LineValues values;
+        uint64_t start = 0;
+        uint64_t stop = 0;
         // The description was parsed: its t= lines read.
-        if (line.type() == 't' && Description::readValues(line, values)) {
-            text("t=").number(values.start).text(" ").number(values.stop).end();
+        if (line.type() == 't' && Description::parseTiming(line.value(), start, stop)) {
+            text("t=").number(start).text(" ").number(stop).end();
             timed = true;
         }
     }
