@@ -113,7 +113,11 @@ void LineWriter::sessionPart(const Origin& origin, std::string_view address,
 
 void LineWriter::audioMediaStart(int port, RtpProfile profile) {
     text("m=audio ").number(static_cast<uint64_t>(port));
-    text(profile == RtpProfileAvpf ? " RTP/AVPF" : " RTP/AVP");
+    if (profile == RtpProfileAvpf) {
+        text(" RTP/AVPF");
+    } else {
+        text(" RTP/AVP");
+    }
 }
 
 void LineWriter::connection(std::string_view address) {
@@ -127,12 +131,15 @@ void LineWriter::bandwidths(unsigned int as, unsigned int rs, unsigned int rr) {
 void LineWriter::rtpmap(int payloadType, CodecId codec, BandType band) {
     const bool narrow = band == BandTypeNb;
     text("a=rtpmap:").integer(payloadType);
-    if (codec == CodecIdAmr) {
-        text(narrow ? std::string_view(" AMR/8000/1\r\n")
-                    : std::string_view(" AMR-WB/16000/1\r\n"));
+    // Each text a constant of its own: copies of a size known here, without a call.
+    if (codec == CodecIdAmr && narrow) {
+        text(" AMR/8000/1\r\n");
+    } else if (codec == CodecIdAmr) {
+        text(" AMR-WB/16000/1\r\n");
+    } else if (narrow) {
+        text(" telephone-event/8000\r\n");
     } else {
-        text(narrow ? std::string_view(" telephone-event/8000\r\n")
-                    : std::string_view(" telephone-event/16000\r\n"));
+        text(" telephone-event/16000\r\n");
     }
 }
 
