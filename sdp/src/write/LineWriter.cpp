@@ -56,7 +56,23 @@ void LineWriter::grow(size_t more) {
     mEnd = mOut.data() + mOut.size();
 }
 
-LineWriter& LineWriter::number(uint64_t number) {
+LineWriter& LineWriter::longNumber(uint64_t number) {
+    // Payload types and packet times: two or three digits from the table, without counting them.
+    if (number < 1000) {
+        static constexpr char kPairs[] =
+            "00010203040506070809101112131415161718192021222324"
+            "25262728293031323334353637383940414243444546474849"
+            "50515253545556575859606162636465666768697071727374"
+            "75767778798081828384858687888990919293949596979899";
+        char* at = room(3);
+        if (number >= 100) {
+            *at++ = static_cast<char>('0' + number / 100);
+            number %= 100;
+        }
+        std::memcpy(at, kPairs + 2 * number, 2);
+        mAt = at + 2;
+        return *this;
+    }
     // Straight into the room, without a copy.
     char* at = room(kMaxDigits);
     mAt = std::to_chars(at, at + kMaxDigits, number).ptr;
@@ -82,10 +98,11 @@ void LineWriter::sessionPart(const Origin& origin, std::string_view address,
     LineCursor lines = times != nullptr ? times->sessionLines() : LineCursor({}, 1);
     Line line;
     while (lines.next(line)) {
-        LineValues values;
+        uint64_t start = 0;
+        uint64_t stop = 0;
         // The description was parsed: its t= lines read.
-        if (line.type() == 't' && Description::readValues(line, values)) {
-            text("t=").number(values.start).text(" ").number(values.stop).end();
+        if (line.type() == 't' && Description::parseTiming(line.value(), start, stop)) {
+            text("t=").number(start).text(" ").number(stop).end();
             timed = true;
         }
     }
@@ -96,7 +113,11 @@ void LineWriter::sessionPart(const Origin& origin, std::string_view address,
 
 void LineWriter::audioMediaStart(int port, RtpProfile profile) {
     text("m=audio ").number(static_cast<uint64_t>(port));
-    text(profile == RtpProfileAvpf ? " RTP/AVPF" : " RTP/AVP");
+    if (profile == RtpProfileAvpf) {
+        text(" RTP/AVPF");
+    } else {
+        text(" RTP/AVP");
+    }
 }
 
 void LineWriter::connection(std::string_view address) {
@@ -110,12 +131,15 @@ void LineWriter::bandwidths(unsigned int as, unsigned int rs, unsigned int rr) {
 void LineWriter::rtpmap(int payloadType, CodecId codec, BandType band) {
     const bool narrow = band == BandTypeNb;
     text("a=rtpmap:").integer(payloadType);
-    if (codec == CodecIdAmr) {
-        text(narrow ? std::string_view(" AMR/8000/1\r\n")
-                    : std::string_view(" AMR-WB/16000/1\r\n"));
+    // Each text a constant of its own: copies of a size known here, without a call.
+    if (codec == CodecIdAmr && narrow) {
+        text(" AMR/8000/1\r\n");
+    } else if (codec == CodecIdAmr) {
+        text(" AMR-WB/16000/1\r\n");
+    } else if (narrow) {
+        text(" telephone-event/8000\r\n");
     } else {
-        text(narrow ? std::string_view(" telephone-event/8000\r\n")
-                    : std::string_view(" telephone-event/16000\r\n"));
+        text(" telephone-event/16000\r\n");
     }
 }
 

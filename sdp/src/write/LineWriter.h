@@ -44,7 +44,15 @@ class LineWriter {
         mAt = at + size;
         return *this;
     }
-    LineWriter& number(uint64_t number);
+    // Most numbers written are one digit (AMR modes): those without a call.
+    LineWriter& number(uint64_t number) {
+        if (number >= 10) {
+            return longNumber(number);
+        }
+        *room(1) = static_cast<char>('0' + number);
+        ++mAt;
+        return *this;
+    }
     LineWriter& integer(int64_t number) {
         if (number < 0) {
             text("-");
@@ -87,6 +95,7 @@ class LineWriter {
         return mAt;
     }
     void grow(size_t more);
+    LineWriter& longNumber(uint64_t number);
 
     std::string& mOut;
     // Where the next byte goes, and the end of the room, both inside mOut.
