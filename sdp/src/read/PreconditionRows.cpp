@@ -32,9 +32,15 @@ void PreconditionRows::place(const PreconditionRow& row, Same same) {
 
 Preconditions toPreconditions(const PreconditionRows& rows) {
     Preconditions preconditions;
+    // One row reused: add copies it, and its type's text is made once per row, not twice.
+    Preconditions::Row owned;
     for (const PreconditionRow& row : rows) {
-        preconditions.add(Preconditions::Row{row.kind, std::string(row.type), row.strength,
-                                             row.statusType, row.direction});
+        owned.kind = row.kind;
+        owned.type.assign(row.type);
+        owned.strength = row.strength;
+        owned.statusType = row.statusType;
+        owned.direction = row.direction;
+        preconditions.add(owned);
     }
     return preconditions;
 }
