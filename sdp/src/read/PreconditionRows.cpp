@@ -32,11 +32,13 @@ void PreconditionRows::place(const PreconditionRow& row, Same same) {
 
 Preconditions toPreconditions(const PreconditionRows& rows) {
     Preconditions preconditions;
-    // One row reused: add copies it, and its type's text is made once per row, not twice.
+    // One row reused, as add copies it; rows mostly share one type, made again where it changes.
     Preconditions::Row owned;
     for (const PreconditionRow& row : rows) {
         owned.kind = row.kind;
-        owned.type.assign(row.type);
+        if (owned.type != row.type) {
+            owned.type.assign(row.type);
+        }
         owned.strength = row.strength;
         owned.statusType = row.statusType;
         owned.direction = row.direction;
