@@ -144,19 +144,17 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         }
         rules.agreed = agreedFormats(mAgreedStream);
     }
-    std::string text;
-    // Built in place: answering leaves the stream as it was when it refuses.
+    // Built in place: answering leaves the stream and the answer as they were when it refuses.
     Result result =
-        answerInDialog(offer, mLocal, mLocalIp, mLocalPort, mOrigin, rules, mAgreedStream, text);
+        answerInDialog(offer, mLocal, mLocalIp, mLocalPort, mOrigin, rules, mAgreedStream, answer);
     if (result.isFailure()) {
         return result;
     }
-    send(text);
+    send(answer);
     mAgreedIndex = place.index;
     mAgreedSections = place.sections;
-    agree(offer, text, Role::Answerer, std::move(preconditions));
+    agree(offer, answer, Role::Answerer, std::move(preconditions));
     negotiated = mAgreedStream;
-    answer.swap(text);
     return result;
 }
 
