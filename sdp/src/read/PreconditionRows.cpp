@@ -32,9 +32,17 @@ void PreconditionRows::place(const PreconditionRow& row, Same same) {
 
 Preconditions toPreconditions(const PreconditionRows& rows) {
     Preconditions preconditions;
+    // One row reused, as add copies it; rows mostly share one type, made again where it changes.
+    Preconditions::Row owned;
     for (const PreconditionRow& row : rows) {
-        preconditions.add(Preconditions::Row{row.kind, std::string(row.type), row.strength,
-                                             row.statusType, row.direction});
+        owned.kind = row.kind;
+        if (owned.type != row.type) {
+            owned.type.assign(row.type);
+        }
+        owned.strength = row.strength;
+        owned.statusType = row.statusType;
+        owned.direction = row.direction;
+        preconditions.add(owned);
     }
     return preconditions;
 }

@@ -38,15 +38,20 @@ const Preconditions::Row* Preconditions::find(Kind kind, const std::string& type
 }
 
 void Preconditions::add(const Row& row) {
+    if (mRows.capacity() == 0) {
+        // Room for a usual answer's rows, in one allocation.
+        mRows.reserve(kUsualRows);
+    }
+    // Rows mostly come in a body's order: one that goes after the last needs no search.
+    if (mRows.empty() || rankOf(mRows.back()) < rankOf(row)) {
+        mRows.push_back(row);
+        return;
+    }
     Row* same = nullptr;
     const size_t index = placeOf(mRows.data(), mRows.data() + mRows.size(), row, same);
     if (same != nullptr) {
         *same = row;
         return;
-    }
-    if (mRows.capacity() == 0) {
-        // Room for a usual answer's rows, in one allocation.
-        mRows.reserve(kUsualRows);
     }
     mRows.insert(mRows.begin() + static_cast<std::ptrdiff_t>(index), row);
 }

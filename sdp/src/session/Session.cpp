@@ -47,6 +47,12 @@ Preconditions seenFrom(Role role, Preconditions answered) {
     return answered;
 }
 
+// True when text parses as a description.
+bool parses(const std::string& text) {
+    Description parsed;
+    return Description::parse(text, parsed).isSuccess();
+}
+
 // The model's check of a direction value.
 Result checkDirection(StreamConfig::Direction direction) {
     StreamConfig probe;
@@ -133,9 +139,7 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
     if (hasAgreed()) {
         // An offer that does not parse is refused below, as answering refuses it. Looking for
         // its m= lines costs less than the parse, which only an offer with fewer needs.
-        Description parsed;
-        if (!Description::hasMediaLines(offer, mAgreedSections) &&
-            Description::parse(offer, parsed).isSuccess()) {
+        if (!Description::hasMediaLines(offer, mAgreedSections) && parses(offer)) {
             return sequenceRefusal("Offer removes a media section");
         }
         rules.agreed = agreedFormats(mAgreedStream);
