@@ -187,7 +187,7 @@ AmrCodecConfig::Result AmrCodecConfig::check() const {
             return makeResult<ResultTrait>(InvalidConfiguration, "Invalid rate: ", rate);
         }
     }
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 AmrCodecConfig* AmrCodecConfig::clone() const {
@@ -245,6 +245,7 @@ AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
     if (!containAmrRate(rate)) {
         mAmrRates.push_back(rate);
     }
+    // The trait's shared success value: using it keeps it exported, as the library's ABI has it.
     return Result::success();
 }
 

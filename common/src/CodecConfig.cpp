@@ -45,18 +45,22 @@ CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
                                        "Bad band type: ", static_cast<int32_t>(bandType));
     }
     mBandType = bandType;
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 CodecConfig::Result CodecConfig::check() const {
-    Result result = Result::success();
+    Result result = successResult<ResultTrait>();
+    // Fixed failures are built once and copied, without a stream per call. These copies also
+    // keep Result's copy constructor out of line on armhf, where the library exports it.
     if (mPacketTime == 0) {
-        result &=
+        static const Result noPacketTime =
             makeResult<ResultTrait>(InvalidConfiguration, "Packet time must be greater than 0");
+        result &= noPacketTime;
     }
     if (mMaxPacketTime == 0) {
-        result &=
+        static const Result noMaxPacketTime =
             makeResult<ResultTrait>(InvalidConfiguration, "Max packet time must be greater than 0");
+        result &= noMaxPacketTime;
     }
     if (mPacketTime > mMaxPacketTime) {
         result &= makeResult<ResultTrait>(InvalidConfiguration, "Packet time '", mPacketTime,

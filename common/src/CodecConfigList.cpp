@@ -49,7 +49,7 @@ StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
         mCodecs.reserve(kInitialRoom);
     }
     mCodecs.push_back(codec);
-    return Result::success();
+    return successResult<ResultTrait>();
 }
 
 void StreamConfig::CodecConfigList::clear() {

@@ -145,7 +145,7 @@ StreamConfig::Result StreamConfig::setDirection(Direction direction) {
         return makeResult<Trait>(InvalidParam, "Invalid direction : ", direction);
     }
     mDirection = direction;
-    return Result::success();
+    return successResult<Trait>();
 }
 
 StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
@@ -153,6 +153,7 @@ StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
         return makeResult<Trait>(InvalidParam, "Invalid socket port: ", port);
     }
     mRemoteRtpPort = port;
+    // The trait's shared success value: using it keeps it exported, as the library's ABI has it.
     return Result::success();
 }
 
@@ -161,7 +162,7 @@ StreamConfig::Result StreamConfig::setRemoteIp(const std::string& address) {
         return makeResult<Trait>(InvalidParam, "Invalid internet address : ", address);
     }
     mRemoteIp = address;
-    return Result::success();
+    return successResult<Trait>();
 }
 
 // The clone is not released when the list refuses it (see the header).
@@ -174,13 +175,17 @@ StreamConfig::Result StreamConfig::addDownlinkCodec(const CodecConfig& codec) {
 }
 
 StreamConfig::Result StreamConfig::check() const {
+    // Fixed failures are built once and copied, without a stream per call. These copies also
+    // keep Result's copy constructor out of line on armhf, where the library exports it.
     if (hasUplink() && mUplinkCodecs.count() == 0) {
-        return makeResult<Trait>(InvalidConfiguration,
-                                 "Uplink is active and no uplink codec supplied");
+        static const Result noUplinkCodec = makeResult<Trait>(
+            InvalidConfiguration, "Uplink is active and no uplink codec supplied");
+        return noUplinkCodec;
     }
     if (hasDownlink() && mDownlinkCodecs.count() == 0) {
-        return makeResult<Trait>(InvalidConfiguration,
-                                 "Downlink is active and no downlink codec supplied");
+        static const Result noDownlinkCodec = makeResult<Trait>(
+            InvalidConfiguration, "Downlink is active and no downlink codec supplied");
+        return noDownlinkCodec;
     }
     Result uplink = checkCodecs(mUplinkCodecs);
     if (uplink.isFailure()) {
@@ -202,7 +207,7 @@ StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& codecs) {
             return result;
         }
     }
-    return Result::success();
+    return successResult<Trait>();
 }
 
 std::string StreamConfig::toString() const {

@@ -1,104 +1,116 @@
 #include <velmora/rune/Utils.h>
 
-#include <string_view>
+#include <array>
+#include <cstddef>
 
 namespace velmora {
 namespace rune {
 
 namespace {
 
-// The forms inet_pton(3) accepts, read as it reads them, without its copy of the address: the
-// SDP reader checks every connection address it reads.
+// The forms inet_pton(3) accepts, read as it reads them: up to the first NUL, without its copy
+// of the address. The SDP reader checks every connection address it reads, so each form is told
+// in one pass over the bytes.
 
-// The text up to its first NUL, as a C function sees it.
-std::string_view cText(const std::string& address) {
-    return address.c_str();
+enum class AddressForm { None, IpV4, IpV6 };
+
+constexpr bool isDecimalDigit(char c) {
+    return static_cast<unsigned char>(c - '0') <= 9;
 }
 
-// Four decimal numbers up to 255 between dots, none with a leading zero.
-bool isDottedQuad(std::string_view text) {
-    unsigned octets = 0;
-    unsigned value = 0;
-    bool inOctet = false;
-    for (const char c : text) {
-        if (c >= '0' && c <= '9') {
-            if (inOctet && value == 0) {
-                return false;
-            }
-            value = value * 10 + static_cast<unsigned>(c - '0');
+// The hex digits by byte value: one load per byte of an IPv6 group, whatever the byte.
+constexpr std::array<bool, 256> kHexDigits = [] {
+    std::array<bool, 256> digits{};
+    for (unsigned byte = 0; byte < digits.size(); ++byte) {
+        const auto c = static_cast<char>(byte);
+        digits[byte] = isDecimalDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    }
+    return digits;
+}();
+
+bool isHexDigit(char c) {
+    return kHexDigits[static_cast<unsigned char>(c)];
+}
+
+// Four decimal numbers up to 255 between dots, none with a leading zero, then the NUL.
+bool isDottedQuad(const char* text) {
+    for (int octet = 0; octet < 4; ++octet) {
+        if (octet > 0 && *text++ != '.') {
+            return false;
+        }
+        if (!isDecimalDigit(*text)) {
+            return false;
+        }
+        auto value = static_cast<unsigned>(*text++ - '0');
+        // A zero is a whole octet.
+        while (value != 0 && isDecimalDigit(*text)) {
+            value = value * 10 + static_cast<unsigned>(*text++ - '0');
             if (value > 255) {
                 return false;
             }
-            if (!inOctet && ++octets > 4) {
-                return false;
-            }
-            inOctet = true;
-        } else if (c == '.' && inOctet && octets < 4) {
-            value = 0;
-            inOctet = false;
-        } else {
-            return false;
         }
     }
-    return octets == 4;
+    return *text == '\0';
 }
 
-bool isHexDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-// Groups of one to four hex digits filling 16 bytes, one "::" at most standing for the groups
-// left out, the last four bytes possibly a dotted quad.
-bool isIpV6Text(std::string_view text) {
+// A dotted quad, or groups of one to four hex digits filling 16 bytes, one "::" at most standing
+// for the groups left out, the last four bytes possibly a dotted quad. The first group tells the
+// two apart: a dot ends it only in a quad.
+AddressForm addressForm(const char* text) {
     const unsigned kBytes = 16;
-    if (text.empty() || (text[0] == ':' && (text.size() < 2 || text[1] != ':'))) {
-        return false;
+    const char* at = text;
+    // A leading colon is only the first of a "::".
+    if (*at == ':') {
+        if (at[1] != ':') {
+            return AddressForm::None;
+        }
+        ++at;
     }
-    size_t at = text[0] == ':' ? 1 : 0;
-    size_t groupStart = at;
     unsigned bytes = 0;
-    unsigned digits = 0;
     bool gap = false;
-    while (at < text.size()) {
-        const char c = text[at++];
-        if (isHexDigit(c)) {
-            if (digits == 4) {
-                return false;
-            }
-            ++digits;
-            continue;
+    const char* group = at;
+    std::ptrdiff_t digits = 0;
+    for (;;) {
+        group = at;
+        while (isHexDigit(*at)) {
+            ++at;
         }
-        if (c == ':') {
-            groupStart = at;
-            if (digits == 0) {
-                if (gap) {
-                    return false;
-                }
-                gap = true;
-                continue;
-            }
-            if (at == text.size() || bytes + 2 > kBytes) {
-                return false;
-            }
-            bytes += 2;
-            digits = 0;
-            continue;
-        }
-        if (c == '.' && bytes + 4 <= kBytes && isDottedQuad(text.substr(groupStart))) {
-            bytes += 4;
-            digits = 0;
+        digits = at - group;
+        if (*at != ':') {
             break;
         }
-        return false;
-    }
-    if (digits > 0) {
-        if (bytes + 2 > kBytes) {
-            return false;
+        ++at;
+        if (digits == 0) {
+            // The second colon of a "::".
+            if (gap) {
+                return AddressForm::None;
+            }
+            gap = true;
+        } else {
+            // A group that another one follows.
+            bytes += 2;
+            if (digits > 4 || bytes > kBytes || *at == '\0') {
+                return AddressForm::None;
+            }
         }
+    }
+    // The last group, ended by the NUL or by a dotted quad's first dot.
+    if (*at == '.') {
+        if (!isDottedQuad(group)) {
+            return AddressForm::None;
+        }
+        if (group == text) {
+            return AddressForm::IpV4;
+        }
+        bytes += 4;
+    } else if (*at != '\0' || digits > 4) {
+        return AddressForm::None;
+    } else if (digits > 0) {
         bytes += 2;
     }
     // A "::" must stand for one group at least.
-    return gap ? bytes < kBytes : bytes == kBytes;
+    const bool full = gap ? bytes < kBytes : bytes == kBytes;
+    return full ? AddressForm::IpV6 : AddressForm::None;
 }
 
 }  // namespace
@@ -109,16 +121,15 @@ bool Utils::isValidSocketPort(int port) {
 }
 
 bool Utils::isValidIpV4(const std::string& address) {
-    return isDottedQuad(cText(address));
+    return addressForm(address.c_str()) == AddressForm::IpV4;
 }
 
 bool Utils::isValidIpV6(const std::string& address) {
-    return isIpV6Text(cText(address));
+    return addressForm(address.c_str()) == AddressForm::IpV6;
 }
 
 bool Utils::isValidIpAddress(const std::string& address) {
-    const std::string_view text = cText(address);
-    return isDottedQuad(text) || isIpV6Text(text);
+    return addressForm(address.c_str()) != AddressForm::None;
 }
 
 }  // namespace rune

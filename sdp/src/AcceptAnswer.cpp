@@ -1,12 +1,13 @@
 // Accepting the answer to an offer this side sent (the offerer's side of RFC 3264 and of RFC
 // 4867 section 8.3.1).
 #include <velmora/rune/Amr.h>
-#include <velmora/rune/Dtmf.h>
 #include <velmora/rune/sdp/Sdp.h>
 
+#include "DialogAccept.h"
 #include "amr/AmrAnswer.h"
 #include "amr/AmrFmtp.h"
 #include "internal/Results.h"
+#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "stream/StreamBuilder.h"
 #include "stream/TelephoneEvents.h"
@@ -61,15 +62,20 @@ bool choose(const RemoteMedia& offer, const RemoteMedia& answer, Choice& choice)
     return true;
 }
 
-// The answer's values, its chosen section's, were read as describe reads them; its structure
-// comes next, then the stream at the offer's position.
-StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& offered,
-                                 const Description& answer, RemoteMedia& answered, Choice& choice) {
+// The answer read, its chosen section's values as describe reads them; its structure comes next,
+// then the stream at the offer's position.
+StreamConfig::Result readAnswer(const std::string& text, const Description& offer,
+                                const RemoteMedia& offered, RemoteMedia& answered, Choice& choice) {
+    Description answer;
+    StreamConfig::Result result =
+        readDescription(text, answer, answered, SectionRule::CheckedLater);
+    if (result.isFailure()) {
+        return result;
+    }
     if (!offer.hasSameMediaLines(answer)) {
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidConfiguration,
                                                      "Answer does not match the offer");
     }
-    StreamConfig::Result result = successResult();
     MediaSection section = answered.section;
     if (!section.mediaLine.exists() || section.index != offered.section.index) {
         answer.section(offered.section.index, section);
@@ -78,10 +84,13 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
                              "Stream rejected");
         }
         result = readSection(answer, section, answered);
+        if (result.isFailure()) {
+            return result;
+        }
     } else if (!answered.connection.exists()) {
-        result = noConnectionAddress(section);
+        return noConnectionAddress(section);
     }
-    if (result.isSuccess() && !choose(offered, answered, choice)) {
+    if (!choose(offered, answered, choice)) {
         return refusalAt(section.mediaLine, StreamConfig::InvalidConfiguration, "No common codec");
     }
     return result;
@@ -91,8 +100,7 @@ StreamConfig::Result checkAnswer(const Description& offer, const RemoteMedia& of
 // bandwidths the offer's, as reading takes them; reduced size only when both listed it.
 void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Choice& choice,
                StreamConfig& stream) {
-    startStream(answered, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), offered.direction), answered.address);
+    startStream(answered, stream, offered.direction);
     setReadRtcp(offered, stream);
     RtcpConfig rtcp = stream.getRtcpConfig();
     rtcp.setReducedSizeMode(offered.reducedSize && answered.reducedSize);
@@ -101,23 +109,16 @@ void negotiate(const RemoteMedia& offered, const RemoteMedia& answered, const Ch
         answered.packetTime ? answered.packetTime : offered.packetTime;
     const std::optional<uint32_t> maxPacketTime =
         answered.maxPacketTime ? answered.maxPacketTime : offered.maxPacketTime;
-    for (const RemoteFormat& format : answered) {
-        if (&format == choice.amr) {
-            AmrCodecConfig amr;
-            configureAmr(*choice.answered,
-                         agreedModes(choice.answered->modes, choice.offered->modes), format.band,
-                         format.payloadType, amr);
-            placeCodec(amr, packetTime, maxPacketTime, stream);
-        } else if (&format == choice.events) {
-            DtmfCodecConfig dtmf = telephoneEvent(format);
-            placeCodec(dtmf, packetTime, maxPacketTime, stream);
-        }
-    }
+    AmrCodecConfig amr;
+    configureAmr(*choice.answered, agreedModes(choice.answered->modes, choice.offered->modes),
+                 choice.amr->band, choice.amr->payloadType, amr);
+    placeAgreedCodecs(amr, *choice.amr, choice.events, packetTime, maxPacketTime, stream);
 }
 
 }  // namespace
 
-Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
+Result acceptInDialog(const std::string& offer, const std::string& answer, StreamConfig& negotiated,
+                      AcceptedExchange* exchange) {
     // Each refusal names the text it comes from.
     Description offerParsed;
     RemoteMedia offered;
@@ -125,18 +126,26 @@ Result acceptAnswer(const std::string& offer, const std::string& answer, StreamC
     if (result.isFailure()) {
         return inText("offer", std::move(result));
     }
-    Description answerParsed;
     RemoteMedia answered;
-    result = readDescription(answer, answerParsed, answered, SectionRule::CheckedLater);
     Choice choice;
-    if (result.isSuccess()) {
-        result = checkAnswer(offerParsed, offered, answerParsed, answered, choice);
+    // Built where it is returned: a Result assigned costs more.
+    Result checked = readAnswer(answer, offerParsed, offered, answered, choice);
+    if (checked.isSuccess() && exchange != nullptr) {
+        // The answer's section was read at the offer's stream place.
+        PreconditionRows rows;
+        checked = readPreconditions(answered, PreconditionUse::Kept, rows);
+        exchange->preconditions = toPreconditions(rows);
+        exchange->place = StreamPlace{offered.section.index, offerParsed.sectionCount()};
     }
-    if (result.isFailure()) {
-        return inText("answer", std::move(result));
+    if (checked.isFailure()) {
+        return inText("answer", std::move(checked));
     }
     negotiate(offered, answered, choice, negotiated);
-    return result;
+    return checked;
+}
+
+Result acceptAnswer(const std::string& offer, const std::string& answer, StreamConfig& negotiated) {
+    return acceptInDialog(offer, answer, negotiated, nullptr);
 }
 
 }  // namespace sdp

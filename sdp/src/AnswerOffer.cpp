@@ -6,8 +6,10 @@
 #include "DialogAnswer.h"
 #include "amr/AmrAnswer.h"
 #include "read/PreconditionReader.h"
+#include "read/PreconditionRows.h"
 #include "read/SectionReader.h"
 #include "stream/AnswerTerms.h"
+#include "stream/LocalCodecs.h"
 #include "stream/PreconditionRules.h"
 #include "stream/StreamBuilder.h"
 #include "stream/TelephoneEvents.h"
@@ -41,26 +43,36 @@ bool supportsProfile(const StreamCapabilities& local, RtpProfile profile) {
     return profiles.empty() ? profile == RtpProfileAvp : profiles.count(profile) > 0;
 }
 
-// The id and band are read first: a dynamic_cast costs more than the whole test otherwise.
-bool hasEvents(const StreamCapabilities& local, BandType band) {
-    for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
+// The clock rates at which local takes telephone-event.
+struct LocalEvents {
+    bool narrow = false;
+    bool wide = false;
+
+    bool takes(BandType band) const {
+        return band == BandTypeNb ? narrow : band == BandTypeWb && wide;
+    }
+};
+
+// Read in one pass, for all the telephone-events an offer lists.
+LocalEvents localEvents(const StreamCapabilities& local) {
+    LocalEvents events;
+    const unsigned int count = local.getCodecCapabilityCount();
+    for (unsigned int i = 0; i < count; ++i) {
         const CodecCapabilities* caps = local.getCodecCapabilities(i);
-        if (caps != nullptr && caps->getCodecId() == CodecIdDtmf && caps->getBandType() == band &&
-            dynamic_cast<const DtmfCodecCapabilities*>(caps) != nullptr) {
-            return true;
+        if (asEvents(caps) != nullptr) {
+            events.narrow = events.narrow || caps->getBandType() == BandTypeNb;
+            events.wide = events.wide || caps->getBandType() == BandTypeWb;
         }
     }
-    return false;
+    return events;
 }
 
 // The first local AMR capability that accepts the parameters; null when none does.
 const AmrCodecCapabilities* acceptingCaps(const StreamCapabilities& local, BandType band,
                                           const AmrParameters& parameters) {
-    for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-        const CodecCapabilities* caps = local.getCodecCapabilities(i);
-        const auto* amr = caps != nullptr && caps->getCodecId() == CodecIdAmr
-                              ? dynamic_cast<const AmrCodecCapabilities*>(caps)
-                              : nullptr;
+    const unsigned int count = local.getCodecCapabilityCount();
+    for (unsigned int i = 0; i < count; ++i) {
+        const AmrCodecCapabilities* amr = asAmr(local.getCodecCapabilities(i));
         if (amr != nullptr && acceptsAmr(*amr, band, parameters)) {
             return amr;
         }
@@ -85,9 +97,10 @@ bool choose(const RemoteMedia& remote, const StreamCapabilities& local, const Ag
     if (choice.amr == nullptr) {
         return false;
     }
+    const LocalEvents events = localEvents(local);
     choice.events = chooseEvents(
         remote, choice.amr->band, findAgreed(remote, agreed.events, RemoteFormat::TelephoneEvent),
-        [&local](const RemoteFormat& format) { return hasEvents(local, format.band); });
+        [&events](const RemoteFormat& format) { return events.takes(format.band); });
     return true;
 }
 
@@ -157,36 +170,32 @@ StreamConfig::Result negotiate(const RemoteMedia& remote, const StreamCapabiliti
     if (result.isFailure()) {
         return result;
     }
-    startStream(remote, stream);
-    setDirectionAndHold(stream, limit(stream.getDirection(), localDirection), remote.address);
+    startStream(remote, stream, localDirection);
     const RtcpConfig rtcp = answeredRtcp(local, remote);
     stream.setRtcpConfig(rtcp);
     // RFC 3556: RS and RR both 0 turn RTCP off, as the answer then says.
     stream.setRtcp(rtcp.getRs() != 0 || rtcp.getRr() != 0);
-    for (const RemoteFormat& format : remote) {
-        if (&format == choice.amr) {
-            placeCodec(amr, times.packetTime, times.maxPacketTime, stream);
-        } else if (&format == choice.events) {
-            DtmfCodecConfig dtmf = telephoneEvent(format);
-            placeCodec(dtmf, times.packetTime, times.maxPacketTime, stream);
-        }
-    }
+    placeAgreedCodecs(amr, *choice.amr, choice.events, times.packetTime, times.maxPacketTime,
+                      stream);
     return result;
 }
 
 // One m= line per offered one: the chosen section answered, every other one rejected.
 void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choice& choice,
                  const StreamConfig& stream, const std::string& localIp, int localPort,
-                 const Origin& origin, const Preconditions& preconditions, std::string& text) {
+                 const Origin& origin, const PreconditionRows& preconditions, std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, &offer);
     SectionCursor sections = offer.sections();
     MediaSection section;
-    while (sections.next(section)) {
-        if (section.index == remote.section.index) {
+    for (unsigned index = 0; index < offer.sectionCount(); ++index) {
+        if (index == remote.section.index) {
             writeStreamMedia(writer, stream, localIp, localPort, &choice.fmtp, EventsFmtp::Left,
                              &preconditions);
             continue;
+        }
+        // Only the rejected sections are read again: the usual offer, with one section, is not.
+        while (sections.next(section) && section.index != index) {
         }
         writeRejectedMedia(writer, section);
     }
@@ -197,37 +206,45 @@ void writeAnswer(const Description& offer, const RemoteMedia& remote, const Choi
 Result answerInDialog(const std::string& offer, const StreamCapabilities& local,
                       const std::string& localIp, int localPort, const Origin& origin,
                       const DialogRules& rules, StreamConfig& negotiated, std::string& answer) {
-    Result result = checkOrigin(origin);
-    if (result.isSuccess()) {
-        result = checkLocalEndpoint(localIp, localPort);
+    // Each step's refusal is returned as built: a Result assigned costs more.
+    if (Result checked = checkOrigin(origin); checked.isFailure()) {
+        return checked;
+    }
+    if (Result checked = checkLocalEndpoint(localIp, localPort); checked.isFailure()) {
+        return checked;
     }
     Description parsed;
     RemoteMedia remote;
-    if (result.isSuccess()) {
-        result = readDescription(offer, parsed, remote, SectionRule::Required);
+    if (Result read = readDescription(offer, parsed, remote, SectionRule::Required);
+        read.isFailure()) {
+        return read;
     }
     Choice choice;
-    if (result.isSuccess()) {
-        result = chooseSection(parsed, local, rules.agreed, remote, choice);
+    if (Result chosen = chooseSection(parsed, local, rules.agreed, remote, choice);
+        chosen.isFailure()) {
+        return chosen;
     }
-    Preconditions offered;
-    if (result.isSuccess()) {
-        result = readPreconditions(remote, PreconditionUse::Answered, offered);
+    PreconditionRows offered;
+    if (Result rows = readPreconditions(remote, PreconditionUse::Answered, offered);
+        rows.isFailure()) {
+        return rows;
     }
-    if (result.isSuccess()) {
-        choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
-        result = negotiate(remote, local, choice, rules.localDirection, negotiated);
-    }
+    choice.fmtp = answerFmtp(*choice.amrCaps, choice.amr->band, choice.amr->amr);
+    Result result = negotiate(remote, local, choice, rules.localDirection, negotiated);
     if (result.isFailure()) {
         return result;
     }
     // Nothing below refuses: the answer is written in place.
-    Preconditions answered = answerPreconditions(offered, rules.qosStatus, rules.qosStrength);
+    PreconditionRows answered;
+    answerPreconditions(offered, rules.qosStatus, rules.qosStrength, answered);
     std::string text;
     text.reserve(kBodyReserve);
     writeAnswer(parsed, remote, choice, negotiated, localIp, localPort, origin, answered, text);
     if (rules.preconditions != nullptr) {
-        *rules.preconditions = std::move(answered);
+        *rules.preconditions = toPreconditions(answered);
+    }
+    if (rules.place != nullptr) {
+        *rules.place = StreamPlace{remote.section.index, parsed.sectionCount()};
     }
     answer.swap(text);
     return result;

@@ -9,6 +9,7 @@
 #include "amr/AmrFmtp.h"
 #include "internal/Results.h"
 #include "read/SectionReader.h"
+#include "stream/LocalCodecs.h"
 #include "write/LineWriter.h"
 #include "write/LocalChecks.h"
 #include "write/PreconditionLines.h"
@@ -27,7 +28,8 @@ const int kFirstDynamicPayloadType = 96;
 struct OfferedFormat {
     int payloadType = 0;
     const CodecCapabilities* caps = nullptr;
-    // For AMR.
+    // Null for a telephone-event.
+    const AmrCodecCapabilities* amr = nullptr;
     bool octetAligned = false;
 };
 
@@ -37,22 +39,21 @@ struct OfferedFormat {
 class OfferedFormats {
   public:
     explicit OfferedFormats(const StreamCapabilities& local) {
-        for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-            const auto* amr =
-                dynamic_cast<const AmrCodecCapabilities*>(local.getCodecCapabilities(i));
+        const unsigned int count = local.getCodecCapabilityCount();
+        for (unsigned int i = 0; i < count; ++i) {
+            const AmrCodecCapabilities* amr = asAmr(local.getCodecCapabilities(i));
             if (amr != nullptr && !amr->isOctetAlignModeRequired()) {
-                add(amr, false);
+                add(amr, amr, false);
             }
             if (amr != nullptr) {
-                add(amr, true);
+                add(amr, amr, true);
                 mFirstAmr = mFirstAmr == nullptr ? amr : mFirstAmr;
             }
         }
-        for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-            const auto* dtmf =
-                dynamic_cast<const DtmfCodecCapabilities*>(local.getCodecCapabilities(i));
-            if (dtmf != nullptr) {
-                add(dtmf, false);
+        for (unsigned int i = 0; i < count; ++i) {
+            const DtmfCodecCapabilities* events = asEvents(local.getCodecCapabilities(i));
+            if (events != nullptr) {
+                add(events, nullptr, false);
             }
         }
     }
@@ -63,10 +64,10 @@ class OfferedFormats {
     const AmrCodecCapabilities* firstAmr() const { return mFirstAmr; }
 
   private:
-    void add(const CodecCapabilities* caps, bool octetAligned) {
+    void add(const CodecCapabilities* caps, const AmrCodecCapabilities* amr, bool octetAligned) {
         if (mCount < mFormats.size()) {
             mFormats[mCount] = OfferedFormat{kFirstDynamicPayloadType + static_cast<int>(mCount),
-                                             caps, octetAligned};
+                                             caps, amr, octetAligned};
             ++mCount;
         }
     }
@@ -83,7 +84,7 @@ bool supportsAvp(const StreamCapabilities& local) {
 
 void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
                 const std::string& localIp, int localPort, const Origin& origin,
-                StreamConfig::Direction direction, const Preconditions* preconditions,
+                StreamConfig::Direction direction, const PreconditionRows* preconditions,
                 std::string& text) {
     LineWriter writer(text);
     writer.sessionPart(origin, localIp, nullptr);
@@ -94,18 +95,12 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
     writer.end();
     writer.connection(localIp);
     const RtcpConfig& rtcp = local.getRTCPcaps();
-    writer.bandwidth("AS", rtcp.getAs());
-    writer.bandwidth("RS", rtcp.getRs());
-    writer.bandwidth("RR", rtcp.getRr());
+    writer.bandwidths(rtcp.getAs(), rtcp.getRs(), rtcp.getRr());
     for (const OfferedFormat& format : formats) {
-        const CodecId codec = dynamic_cast<const AmrCodecCapabilities*>(format.caps) != nullptr
-                                  ? CodecIdAmr
-                                  : CodecIdDtmf;
+        const CodecId codec = format.amr != nullptr ? CodecIdAmr : CodecIdDtmf;
         writer.rtpmap(format.payloadType, codec, format.caps->getBandType());
-        if (codec == CodecIdAmr) {
-            writeAmrFmtp(writer, format.payloadType,
-                         offerFmtp(static_cast<const AmrCodecCapabilities&>(*format.caps),
-                                   format.octetAligned));
+        if (format.amr != nullptr) {
+            writeAmrFmtp(writer, format.payloadType, offerFmtp(*format.amr, format.octetAligned));
         } else {
             writer.eventsFmtp(format.payloadType);
         }
@@ -124,7 +119,7 @@ void writeOffer(const StreamCapabilities& local, const OfferedFormats& formats,
 
 Result createDirectedOffer(const StreamCapabilities& local, const std::string& localIp,
                            int localPort, const Origin& origin, StreamConfig::Direction direction,
-                           const Preconditions* preconditions, std::string& offer) {
+                           const PreconditionRows* preconditions, std::string& offer) {
     Result result = checkOrigin(origin);
     if (result.isSuccess()) {
         result = checkLocalEndpoint(localIp, localPort);

@@ -7,6 +7,7 @@
 #include <velmora/rune/sdp/Sdp.h>
 #include <velmora/rune/sdp/Session.h>
 
+#include "StreamPlace.h"
 #include "stream/AgreedFormats.h"
 
 #include <string>
@@ -25,6 +26,8 @@ struct DialogRules {
     StreamConfig::Direction qosStatus = StreamConfig::DirectionInactive;
     Strength qosStrength = Strength::None;
     Preconditions* preconditions = nullptr;
+    // Where the answered stream is, when given.
+    StreamPlace* place = nullptr;
 };
 
 // answerOffer under rules; answerOffer itself answers under the default ones.

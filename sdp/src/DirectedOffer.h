@@ -5,7 +5,8 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
-#include <velmora/rune/sdp/Session.h>
+
+#include "read/PreconditionRows.h"
 
 #include <string>
 
@@ -17,7 +18,7 @@ namespace sdp {
 // createOffer itself offers sendrecv without preconditions.
 Result createDirectedOffer(const StreamCapabilities& local, const std::string& localIp,
                            int localPort, const Origin& origin, StreamConfig::Direction direction,
-                           const Preconditions* preconditions, std::string& offer);
+                           const PreconditionRows* preconditions, std::string& offer);
 
 }  // namespace sdp
 }  // namespace rune

@@ -23,6 +23,9 @@ Result readRemoteDescription(const std::string& description, StreamConfig& strea
     }
     // Nothing below refuses: the stream is built in place.
     startStream(remote, stream);
+    // Every format read places its codec anew.
+    stream.clearUplinkCodecs();
+    stream.clearDownlinkCodecs();
     setReadRtcp(remote, stream);
     skipped.clear();
     AmrCodecConfig amr;

@@ -70,6 +70,8 @@ const AnswerCase kAnswers[] = {
     // before it, one without AMR, a disabled one, video, text and application alike.
     {"savp-then-avp", anyAmr, "chosen-section.negotiated.txt"},
     {"video-then-audio", anyAmr, "chosen-section.negotiated.txt"},
+    // The application's own subclasses of the capability classes are told as theirs.
+    {"video-then-audio", extendedAnyAmr, "chosen-section.negotiated.txt"},
     {"audio-text-application", anyAmr, "chosen-section.negotiated.txt"},
     // Packet times: the offer's max packet time below this side's lowers this side's packet
     // time; an offered packet time above this side's max is lowered to it. Every offered t= line

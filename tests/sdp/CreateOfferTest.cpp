@@ -33,6 +33,7 @@ StreamCapabilities narrowFirst() {
 const OfferCase kOffers[] = {
     // Each AMR capability bandwidth-efficient, then octet-aligned; events of both bands.
     {"offer-phone.sdp", "192.0.2.10", 49152, {"-", 3034423619u, 1}, anyAmr},
+    {"offer-phone.sdp", "192.0.2.10", 49152, {"-", 3034423619u, 1}, extendedAnyAmr},
     {"offer-narrow-first.sdp",
      "2001:db8::10",
      65535,

@@ -197,4 +197,34 @@ TEST(PreconditionsTest, LocalStateTakesItsValuesOnly) {
               session.setQosStrength(Strength::Failure).format());
 }
 
+TEST(PreconditionsTest, RowWritesWhatItHolds) {
+    using Row = sdp::Preconditions::Row;
+    using Kind = sdp::Preconditions::Kind;
+    using StatusType = sdp::Preconditions::StatusType;
+    const struct {
+        Row row;
+        std::string line;
+    } cases[] = {
+        {{Kind::Desired, "qos", Strength::Unknown, StatusType::Remote, kSendRecv},
+         "a=des:qos unknown remote sendrecv"},
+        {{Kind::Confirmed, "qos", Strength::None, StatusType::E2e, kSendOnly},
+         "a=conf:qos e2e send"},
+        {{Kind::Current, "foo", Strength::None, StatusType::Local, kInactive},
+         "a=curr:foo local none"},
+        {{Kind::Current, "q\x01s", Strength::None, StatusType::Local, kInactive},
+         "a=curr:q\\x01s local none"},
+        {{Kind::Desired, "qos", static_cast<Strength>(5), StatusType::Local, kSendRecv},
+         "a=des:qos ? local sendrecv"},
+        {{Kind::Current, "qos", Strength::None, static_cast<StatusType>(3), kInactive},
+         "a=curr:qos ? none"},
+        {{Kind::Current, "qos", Strength::None, StatusType::Local, static_cast<Direction>(4)},
+         "a=curr:qos local ?"},
+        {{static_cast<Kind>(3), "qos", Strength::None, StatusType::Local, kInactive},
+         "a=?:qos local none"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(row.line, row.row.toString());
+    }
+}
+
 }  // namespace

@@ -182,6 +182,29 @@ inline StreamCapabilities anyAmr() {
     return phoneCaps(amrCaps(BandTypeWb), amrCaps(BandTypeNb));
 }
 
+// A capability class of the library as an application may extend it.
+template <typename Base>
+struct Extended : Base {
+    explicit Extended(const Base& base) : Base(base) {}
+    Extended* clone() const override { return new Extended(*this); }
+};
+
+// anyAmr() of extended classes: offered and answered as anyAmr() is.
+inline StreamCapabilities extendedAnyAmr() {
+    StreamCapabilities local;
+    for (int i = 0; i < 2; ++i) {
+        const BandType band = i == 0 ? BandTypeWb : BandTypeNb;
+        local.addCodecCapabilities(Extended<AmrCodecCapabilities>(amrCaps(band)));
+    }
+    DtmfCodecCapabilities events;
+    local.addCodecCapabilities(Extended<DtmfCodecCapabilities>(events));
+    events.setBandType(BandTypeNb);
+    local.addCodecCapabilities(Extended<DtmfCodecCapabilities>(events));
+    local.addRtpProfile(RtpProfileAvp);
+    local.addRtpProfile(RtpProfileAvpf);
+    return local;
+}
+
 }  // namespace testing
 
 namespace rune {

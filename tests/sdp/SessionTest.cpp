@@ -246,6 +246,28 @@ TEST(SessionTest, RestoredSessionsGoOnAsTheLiveOnes) {
     }
 }
 
+// The o= line of a restored description counts in its parts: other blanks between them change no
+// text, so a refresh keeps the version.
+TEST(SessionTest, RestoredRefreshKeepsTheVersionDespiteOtherBlanks) {
+    sdp::Session us(anyAmr(), "192.0.2.10", 49152, {"-", 1, 1});
+    sdp::Session peer(anyAmr(), "198.51.100.7", 30000, {"peer", 9, 9});
+    std::string offer, answer, again;
+    StreamConfig stream;
+    ASSERT_TRUE(us.createOffer(offer).isSuccess());
+    ASSERT_TRUE(peer.answerOffer(offer, stream, answer).isSuccess());
+    ASSERT_TRUE(us.acceptAnswer(answer, stream).isSuccess());
+    ASSERT_TRUE(us.createOffer(offer).isSuccess());
+    ASSERT_TRUE(peer.answerOffer(offer, stream, answer).isSuccess());
+    std::string spaced = offer;
+    spaced.replace(spaced.find("o=- 1 2 IN"), 10, "o=-  1 2  IN");
+    sdp::Session restored(anyAmr(), "203.0.113.1", 1024, sdp::Origin());
+    ASSERT_EQ(
+        "Success",
+        sdp::Session::restore(anyAmr(), spaced, answer, sdp::Role::Offerer, restored).format());
+    ASSERT_TRUE(restored.createOffer(again).isSuccess());
+    EXPECT_EQ(offer, again);
+}
+
 // A sent description without its o= line is refused, and the session stays as it was. An
 // exchange that is none is refused as accepting refuses it: the CLI's OfferRefusedExchange
 // (tests/tools/cli/refused-exchange.err).

@@ -14,6 +14,12 @@ namespace rune {
 // "Success", "Unknown error", "Invalid Param", "Invalid Configuration" for 1000 to 1003.
 const char* resultCodeText(int32_t code);
 
+// Success built in place: a copy of the trait's shared success value copies three strings.
+template <typename Trait>
+utilities::result::Result<Trait> successResult() {
+    return utilities::result::Result<Trait>(Trait::SUCCESS);
+}
+
 // A result whose message is the pieces streamed one after the other.
 template <typename Trait, typename... Pieces>
 utilities::result::Result<Trait> makeResult(typename Trait::ResultCode code,

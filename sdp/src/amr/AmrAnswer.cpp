@@ -15,9 +15,11 @@ const uint32_t kEveryOtherFrame = 2;
 // The modes local lists, one bit each.
 unsigned listedModes(const AmrCodecCapabilities& local) {
     unsigned listed = 0;
-    for (unsigned int i = 0; i < local.getSupportedAmrRateCount(); ++i) {
-        const AmrRate rate = local.getSupportedAmrRate(i);
-        listed |= rate >= AmrRate0 && rate <= AmrRate8 ? 1U << static_cast<unsigned>(rate) : 0U;
+    const unsigned int count = local.getSupportedAmrRateCount();
+    for (unsigned int i = 0; i < count; ++i) {
+        // AmrRateNone and other values out of range turn into large numbers.
+        const auto mode = static_cast<unsigned>(local.getSupportedAmrRate(i));
+        listed |= mode <= AmrRate8 ? 1U << mode : 0U;
     }
     return listed;
 }
@@ -38,23 +40,23 @@ uint32_t answeredMaxRed(const AmrCodecCapabilities& local, const AmrParameters& 
     return offered.maxRed ? std::min(*offered.maxRed, localMaxRed(local)) : localMaxRed(local);
 }
 
-// The modes of band that local lists, ascending.
-AmrModes localModes(const AmrCodecCapabilities& local, BandType band) {
+}  // namespace
+
+AmrModes advertisedModes(const AmrCodecCapabilities& local, BandType band) {
+    const AmrRate last = lastMode(band);
+    const unsigned everyMode = (2U << static_cast<unsigned>(last)) - 1;
+    const unsigned listed = listedModes(local) & everyMode;
     AmrModes modes;
-    const unsigned listed = listedModes(local);
-    for (int mode = AmrRate0; mode <= lastMode(band); ++mode) {
+    // The usual local lists every mode: the bits tell without a list.
+    if (listed == everyMode) {
+        return modes;
+    }
+    for (int mode = AmrRate0; mode <= last; ++mode) {
         if ((listed & (1U << static_cast<unsigned>(mode))) != 0) {
             modes.add(static_cast<AmrRate>(mode));
         }
     }
     return modes;
-}
-
-}  // namespace
-
-AmrModes advertisedModes(const AmrCodecCapabilities& local, BandType band) {
-    AmrModes modes = localModes(local, band);
-    return modes.isEveryMode(band) ? AmrModes() : modes;
 }
 
 bool acceptsAmr(const AmrCodecCapabilities& local, BandType band, const AmrParameters& offered) {
@@ -79,8 +81,7 @@ AmrFmtpText answerFmtp(const AmrCodecCapabilities& local, BandType band,
     // What is agreed, not how the offer spells it.
     fmtp.modes = offered.modes.count > 0 ? offered.modes.ascending() : advertisedModes(local, band);
     fmtp.octetAlign = offered.octetAlignText;
-    fmtp.modeChangeCapabilityTwo =
-        local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+    fmtp.modeChangeCapabilityTwo = announcesModeChangeCapability(local);
     fmtp.modeChangePeriodTwo = local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame &&
                                offered.modeChangeCapability == kEveryOtherFrame;
     fmtp.modeChangeNeighbor = local.isModeChangeNeighborRequired();
@@ -102,14 +103,17 @@ const AmrModes& agreedModes(const AmrModes& answered, const AmrModes& offered) {
     return answered.count > 0 ? answered : offered;
 }
 
+bool announcesModeChangeCapability(const AmrCodecCapabilities& local) {
+    return local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+}
+
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned) {
     AmrFmtpText fmtp;
     fmtp.modes = advertisedModes(local, local.getBandType());
     if (octetAligned) {
         fmtp.octetAlign = "1";
     }
-    fmtp.modeChangeCapabilityTwo =
-        local.getModeChangeCapability() == ModeChangeCapabilityEveryOtherFrame;
+    fmtp.modeChangeCapabilityTwo = announcesModeChangeCapability(local);
     fmtp.modeChangePeriodTwo = local.getModeChangePeriod() == ModeChangePeriodEveryOtherFrame;
     fmtp.modeChangeNeighbor = local.isModeChangeNeighborRequired();
     fmtp.maxRed = localMaxRed(local);

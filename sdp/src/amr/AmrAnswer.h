@@ -35,6 +35,9 @@ void negotiateAmr(const AmrFmtpText& answered, const AmrParameters& offered, Ban
 // mode of the band.
 const AmrModes& agreedModes(const AmrModes& answered, const AmrModes& offered);
 
+// Whether the a=fmtp lines of local, offered or answered, say mode-change-capability=2.
+bool announcesModeChangeCapability(const AmrCodecCapabilities& local);
+
 // The a=fmtp of an offered payload type of local, octet-aligned or bandwidth-efficient.
 AmrFmtpText offerFmtp(const AmrCodecCapabilities& local, bool octetAligned);
 

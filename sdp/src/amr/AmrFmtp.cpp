@@ -2,7 +2,10 @@
 
 #include "syntax/SdpLine.h"
 
+#include <cstddef>
+#include <cstring>
 #include <limits>
+#include <utility>
 
 namespace velmora {
 namespace rune {
@@ -12,7 +15,8 @@ namespace {
 
 const uint32_t kMaxRedundancy = 65535;
 
-bool readNumber(std::string_view value, uint32_t min, uint32_t max, uint32_t& number) {
+// Inline: read once a parameter, each call with bounds known when compiling.
+inline bool readNumber(std::string_view value, uint32_t min, uint32_t max, uint32_t& number) {
     uint64_t parsed;
     if (!parseDecimal(value, max, parsed) || parsed < min) {
         return false;
@@ -21,7 +25,7 @@ bool readNumber(std::string_view value, uint32_t min, uint32_t max, uint32_t& nu
     return true;
 }
 
-bool readFlag(std::string_view value, bool& flag) {
+inline bool readFlag(std::string_view value, bool& flag) {
     uint32_t number;
     if (!readNumber(value, 0, 1, number)) {
         return false;
@@ -53,6 +57,86 @@ StreamConfig::Result readModeSet(std::string_view name, std::string_view value, 
         modes.add(static_cast<AmrRate>(number));
     }
     return successResult();
+}
+
+size_t toSize(std::ptrdiff_t length) {
+    return static_cast<size_t>(length);
+}
+
+enum class AmrName {
+    ModeSet,
+    OctetAlign,
+    ModeChangePeriod,
+    ModeChangeCapability,
+    ModeChangeNeighbor,
+    MaxRed,
+    Crc,
+    RobustSorting,
+    Interleaving,
+    Other
+};
+
+// The known names differ in length: one comparison finds the name.
+AmrName amrName(std::string_view name) {
+    switch (name.size()) {
+        case 8:
+            return equalsIgnoreCase(name, "mode-set") ? AmrName::ModeSet : AmrName::Other;
+        case 11:
+            return equalsIgnoreCase(name, "octet-align") ? AmrName::OctetAlign : AmrName::Other;
+        case 18:
+            return equalsIgnoreCase(name, "mode-change-period") ? AmrName::ModeChangePeriod
+                                                                : AmrName::Other;
+        case 22:
+            return equalsIgnoreCase(name, "mode-change-capability") ? AmrName::ModeChangeCapability
+                                                                    : AmrName::Other;
+        case 20:
+            return equalsIgnoreCase(name, "mode-change-neighbor") ? AmrName::ModeChangeNeighbor
+                                                                  : AmrName::Other;
+        case 7:
+            return equalsIgnoreCase(name, "max-red") ? AmrName::MaxRed : AmrName::Other;
+        case 3:
+            return equalsIgnoreCase(name, "crc") ? AmrName::Crc : AmrName::Other;
+        case 14:
+            return equalsIgnoreCase(name, "robust-sorting") ? AmrName::RobustSorting
+                                                            : AmrName::Other;
+        case 12:
+            return equalsIgnoreCase(name, "interleaving") ? AmrName::Interleaving : AmrName::Other;
+        default:
+            return AmrName::Other;
+    }
+}
+
+// The name of a parameter in its usual spelling, lower case with '=' right after it, told by its
+// first letter and a comparison of a known length; Other for any other spelling.
+AmrName usualName(const char* at, const char* end, std::string_view& name) {
+    const auto is = [at, end, &name](const auto& spelling) {
+        // With its '='.
+        const size_t size = sizeof(spelling) - 1;
+        if (toSize(end - at) < size || std::memcmp(at, spelling, size) != 0) {
+            return false;
+        }
+        name = std::string_view(at, size - 1);
+        return true;
+    };
+    switch (at == end ? '\0' : *at) {
+        case 'm':
+            return is("mode-change-capability=") ? AmrName::ModeChangeCapability
+                   : is("max-red=")              ? AmrName::MaxRed
+                   : is("mode-set=")             ? AmrName::ModeSet
+                   : is("mode-change-period=")   ? AmrName::ModeChangePeriod
+                   : is("mode-change-neighbor=") ? AmrName::ModeChangeNeighbor
+                                                 : AmrName::Other;
+        case 'o':
+            return is("octet-align=") ? AmrName::OctetAlign : AmrName::Other;
+        case 'c':
+            return is("crc=") ? AmrName::Crc : AmrName::Other;
+        case 'r':
+            return is("robust-sorting=") ? AmrName::RobustSorting : AmrName::Other;
+        case 'i':
+            return is("interleaving=") ? AmrName::Interleaving : AmrName::Other;
+        default:
+            return AmrName::Other;
+    }
 }
 
 // A default configuration of band with every mode of the band, ascending.
@@ -100,93 +184,112 @@ bool AmrModes::isEveryMode(BandType band) const {
     return true;
 }
 
-StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
-                                       AmrParameters& out) {
-    PieceCursor pieces(text, ';');
-    std::string_view parameter;
-    while (pieces.next(parameter)) {
-        parameter = trim(parameter);
-        if (parameter.empty()) {
-            continue;
+bool readAmrParameters(std::string_view text, const Line& line, BandType band, AmrParameters& out,
+                       StreamConfig::Result& refusal) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (true) {
+        while (at != end && isBlank(*at)) {
+            ++at;
         }
-        // The parameter is trimmed: the name can only end in blanks, the value only start so.
-        const size_t equals = parameter.find('=');
-        const std::string_view name = trimEnd(parameter.substr(0, equals));
-        const std::string_view value = equals == std::string_view::npos
-                                           ? std::string_view()
-                                           : trimStart(parameter.substr(equals + 1));
+        std::string_view name;
+        AmrName known = usualName(at, end, name);
+        const char* equals = known != AmrName::Other ? at + name.size() : nullptr;
+        // A known name holds no ';': when the text up to the next '=' is one, that '=' is this
+        // parameter's and its end needs no search of its own.
+        if (known == AmrName::Other) {
+            equals = static_cast<const char*>(std::memchr(at, '=', toSize(end - at)));
+        }
+        if (known == AmrName::Other && equals != nullptr) {
+            name = trimEnd(std::string_view(at, toSize(equals - at)));
+            known = amrName(name);
+        }
+        if (known == AmrName::Other) {
+            const auto* semicolon =
+                static_cast<const char*>(std::memchr(at, ';', toSize(end - at)));
+            const char* const stop = semicolon != nullptr ? semicolon : end;
+            if (equals == nullptr || equals > stop) {
+                // No value: the whole parameter is its name.
+                name = trimEnd(std::string_view(at, toSize(stop - at)));
+                known = amrName(name);
+                equals = nullptr;
+            }
+            if (known == AmrName::Other) {
+                if (stop == end) {
+                    break;
+                }
+                at = stop + 1;
+                continue;
+            }
+        }
+        const char* stop = equals != nullptr ? equals + 1 : at;
+        const char* const valueStart = stop;
+        while (stop != end && *stop != ';') {
+            ++stop;
+        }
+        const std::string_view value =
+            equals != nullptr ? trim(std::string_view(valueStart, toSize(stop - valueStart)))
+                              : std::string_view();
         bool valid = true;
         uint32_t number = 0;
-        // The known names differ in length: one comparison finds the name.
-        switch (name.size()) {
-            case 8:
-                if (equalsIgnoreCase(name, "mode-set")) {
-                    AmrModes modes;
-                    StreamConfig::Result result = readModeSet(name, value, line, band, modes);
-                    if (result.isFailure()) {
-                        return result;
-                    }
-                    out.modes = modes;
+        switch (known) {
+            case AmrName::ModeSet: {
+                AmrModes modes;
+                StreamConfig::Result result = readModeSet(name, value, line, band, modes);
+                if (result.isFailure()) {
+                    refusal = std::move(result);
+                    return false;
+                }
+                out.modes = modes;
+                break;
+            }
+            case AmrName::OctetAlign:
+                valid = readFlag(value, out.octetAlign);
+                out.octetAlignText = value;
+                break;
+            case AmrName::ModeChangePeriod:
+                valid = readNumber(value, 1, 2, number);
+                out.modeChangePeriod = number;
+                break;
+            case AmrName::ModeChangeCapability:
+                out.modeChangeCapability.reset();
+                if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
+                    out.modeChangeCapability = number;
                 }
                 break;
-            case 11:
-                if (equalsIgnoreCase(name, "octet-align")) {
-                    valid = readFlag(value, out.octetAlign);
-                    out.octetAlignText = value;
-                }
+            case AmrName::ModeChangeNeighbor:
+                valid = readFlag(value, out.modeChangeNeighbor);
                 break;
-            case 18:
-                if (equalsIgnoreCase(name, "mode-change-period")) {
-                    valid = readNumber(value, 1, 2, number);
-                    out.modeChangePeriod = number;
-                }
+            case AmrName::MaxRed:
+                valid = readNumber(value, 0, kMaxRedundancy, number);
+                out.maxRed = number;
                 break;
-            case 22:
-                if (equalsIgnoreCase(name, "mode-change-capability")) {
-                    out.modeChangeCapability.reset();
-                    if (readNumber(value, 0, std::numeric_limits<uint32_t>::max(), number)) {
-                        out.modeChangeCapability = number;
-                    }
-                }
+            case AmrName::Crc:
+                valid = readFlag(value, out.crc);
+                out.crcText = value;
                 break;
-            case 20:
-                if (equalsIgnoreCase(name, "mode-change-neighbor")) {
-                    valid = readFlag(value, out.modeChangeNeighbor);
-                }
+            case AmrName::RobustSorting:
+                valid = readFlag(value, out.robustSorting);
+                out.robustSortingText = value;
                 break;
-            case 7:
-                if (equalsIgnoreCase(name, "max-red")) {
-                    valid = readNumber(value, 0, kMaxRedundancy, number);
-                    out.maxRed = number;
-                }
+            case AmrName::Interleaving:
+                valid =
+                    readNumber(value, 0, std::numeric_limits<uint32_t>::max(), out.interleaving);
+                out.interleavingText = value;
                 break;
-            case 3:
-                if (equalsIgnoreCase(name, "crc")) {
-                    valid = readFlag(value, out.crc);
-                    out.crcText = value;
-                }
-                break;
-            case 14:
-                if (equalsIgnoreCase(name, "robust-sorting")) {
-                    valid = readFlag(value, out.robustSorting);
-                    out.robustSortingText = value;
-                }
-                break;
-            case 12:
-                if (equalsIgnoreCase(name, "interleaving")) {
-                    valid = readNumber(value, 0, std::numeric_limits<uint32_t>::max(),
-                                       out.interleaving);
-                    out.interleavingText = value;
-                }
-                break;
-            default:
+            case AmrName::Other:
                 break;
         }
         if (!valid) {
-            return badValue(line, name, value);
+            refusal = badValue(line, name, value);
+            return false;
         }
+        if (stop == end) {
+            break;
+        }
+        at = stop + 1;
     }
-    return successResult();
+    return true;
 }
 
 void configureAmr(const AmrParameters& parameters, const AmrModes& modes, BandType band,

@@ -71,8 +71,10 @@ struct AmrParameters {
 // Reads the parameters of an fmtp line of band (text: what follows the payload type). A value
 // out of its range, a mode outside the band among them, is refused in the order written. out
 // starts as the defaults (a fresh format's) and takes what the text says: complete only on success.
-StreamConfig::Result readAmrParameters(std::string_view text, const Line& line, BandType band,
-                                       AmrParameters& out);
+// False with the refusal in refusal, which success leaves as it is: a success result is not
+// built for every line.
+bool readAmrParameters(std::string_view text, const Line& line, BandType band, AmrParameters& out,
+                       StreamConfig::Result& refusal);
 
 // Makes config (reused, so that its rate list keeps its room) the configuration that the
 // parameters describe for band and payload type, at the default packet times; modes stand for

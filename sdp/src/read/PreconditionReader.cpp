@@ -4,6 +4,9 @@
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
 
 namespace velmora {
 namespace rune {
@@ -11,38 +14,45 @@ namespace sdp {
 
 namespace {
 
-// RFC 3261 token characters.
-bool isTokenCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-.!%*_+`'~").find(c) != std::string_view::npos;
+// RFC 3261 token characters, by byte: one look-up tells a byte.
+constexpr std::array<bool, 256> makeTokenCharacters() {
+    std::array<bool, 256> token{};
+    for (size_t c = 0; c < token.size(); ++c) {
+        token[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    }
+    for (const char c : std::string_view("-.!%*_+`'~")) {
+        token[static_cast<unsigned char>(c)] = true;
+    }
+    return token;
 }
 
-bool isToken(std::string_view text) {
-    for (char c : text) {
-        if (!isTokenCharacter(c)) {
-            return false;
-        }
-    }
-    return !text.empty();
+constexpr std::array<bool, 256> kTokenCharacters = makeTokenCharacters();
+
+bool isTokenCharacter(char c) {
+    return kTokenCharacters[static_cast<unsigned char>(c)];
 }
 
 // "<type> [<strength>] <status-type> <direction-tag>", the strength for a=des only.
-bool readRow(std::string_view value, Preconditions::Row& row) {
-    const std::string_view type = nextField(value);
-    size_t strength = 0;
-    if (row.kind == Preconditions::Kind::Desired &&
-        !findWord(kStrengthWords, nextField(value), strength)) {
+bool readRow(std::string_view value, PreconditionRow& row) {
+    // The type is a token ended by a blank or the end: one pass over it.
+    value = trimStart(value);
+    size_t end = 0;
+    while (end < value.size() && isTokenCharacter(value[end])) {
+        ++end;
+    }
+    row.type = value.substr(0, end);
+    value.remove_prefix(end);
+    if (row.type.empty() || (!value.empty() && !isBlank(value.front()))) {
         return false;
     }
+    value = trimStart(value);
+    size_t strength = 0;
     size_t statusType;
     size_t direction;
-    if (!isToken(type) || !findWord(kStatusTypeWords, nextField(value), statusType) ||
-        !findWord(kDirectionTagWords, nextField(value), direction) || !trim(value).empty()) {
+    if ((row.kind == Preconditions::Kind::Desired && !takeWord<kStrengthWords>(value, strength)) ||
+        !takeWord<kStatusTypeWords>(value, statusType) ||
+        !takeWord<kDirectionTagWords>(value, direction) || !value.empty()) {
         return false;
-    }
-    // A row is read into the one before: rows mostly share their type, which then stays.
-    if (row.type != type) {
-        row.type.assign(type);
     }
     row.strength = static_cast<Strength>(strength);
     row.statusType = static_cast<Preconditions::StatusType>(statusType);
@@ -50,16 +60,45 @@ bool readRow(std::string_view value, Preconditions::Row& row) {
     return true;
 }
 
-bool isUnsupported(const Preconditions::Row& row) {
+// Whether the value of an a= line is the name of that kind, then a colon and a value, or nothing;
+// the name and the colon are taken off it. Names are compared as written, as the other
+// attributes' are.
+template <size_t Kind>
+bool takeKindName(std::string_view& attribute) {
+    constexpr std::string_view name = kPreconditionKindWords[Kind];
+    if ((attribute.size() > name.size() && attribute[name.size()] != ':') ||
+        !startsWithBytes<name.size()>(attribute, name.data())) {
+        return false;
+    }
+    attribute.remove_prefix(std::min(name.size() + 1, attribute.size()));
+    return true;
+}
+
+// The kind of an a=curr, a=des or a=conf line, its value left in attribute; false for others.
+bool takeKind(std::string_view& attribute, Preconditions::Kind& kind) {
+    static_assert(kPreconditionKindWords.size() == 3, "three kinds");
+    size_t index = 0;
+    if (takeKindName<0>(attribute)) {
+        index = 0;
+    } else if (takeKindName<1>(attribute)) {
+        index = 1;
+    } else if (takeKindName<2>(attribute)) {
+        index = 2;
+    } else {
+        return false;
+    }
+    kind = static_cast<Preconditions::Kind>(index);
+    return true;
+}
+
+bool isUnsupported(const PreconditionRow& row) {
     return row.kind == Preconditions::Kind::Desired && row.strength == Strength::Mandatory &&
-           row.statusType != Preconditions::StatusType::Local && !equalsIgnoreCase(row.type, "qos");
+           row.statusType != Preconditions::StatusType::Local &&
+           !equalsIgnoreCase(row.type, kQosType);
 }
 
 // Of the lines, those of a=curr, a=des and a=conf.
-StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditions& out) {
-    Preconditions read;
-    // One row for every line: its type's string is made once.
-    Preconditions::Row row;
+StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, PreconditionRows& out) {
     Line line;
     while (lines.next(line)) {
         // a=curr, a=des and a=conf only: most lines of a section go at their third byte.
@@ -67,16 +106,11 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
         if (text.size() < 3 || text[0] != 'a' || (text[2] != 'c' && text[2] != 'd')) {
             continue;
         }
-        std::string_view name;
-        std::string_view value;
-        Description::splitAttribute(line, name, value);
-        // Attribute names are compared as written, as the other attributes are.
-        const auto* const kind =
-            std::find(kPreconditionKindWords.begin(), kPreconditionKindWords.end(), name);
-        if (kind == kPreconditionKindWords.end()) {
+        std::string_view value = line.value();
+        PreconditionRow row;
+        if (!takeKind(value, row.kind)) {
             continue;
         }
-        row.kind = static_cast<Preconditions::Kind>(kind - kPreconditionKindWords.begin());
         if (!readRow(value, row)) {
             return refusalAt(line, StreamConfig::InvalidParam, "Bad precondition");
         }
@@ -84,27 +118,15 @@ StreamConfig::Result readLines(LineCursor lines, PreconditionUse use, Preconditi
             return refusalAt(line, StreamConfig::InvalidConfiguration,
                              "Unsupported precondition: ", row.type);
         }
-        if (read.find(row.kind, row.type, row.statusType) == nullptr) {
-            read.add(row);
-        }
+        out.add(row, PreconditionRows::Same::Kept);
     }
-    out = std::move(read);
     return successResult();
 }
 
 }  // namespace
 
-StreamConfig::Result readPreconditions(const MediaSection& section, PreconditionUse use,
-                                       Preconditions& out) {
-    if (section.port == 0) {
-        out = Preconditions();
-        return successResult();
-    }
-    return readLines(section.lines(), use, out);
-}
-
 StreamConfig::Result readPreconditions(const RemoteMedia& media, PreconditionUse use,
-                                       Preconditions& out) {
+                                       PreconditionRows& out) {
     return readLines(media.preconditionLines(), use, out);
 }
 

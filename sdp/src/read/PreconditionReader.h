@@ -5,6 +5,7 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Session.h>
 
+#include "read/PreconditionRows.h"
 #include "read/RemoteMedia.h"
 #include "syntax/SessionDescription.h"
 
@@ -16,15 +17,13 @@ namespace sdp {
 // type other than qos on the offer's remote or e2e segment (RFC 3312 sections 8 and 9).
 enum class PreconditionUse { Kept, Answered };
 
-// The rows of section as its sender wrote them; none for a section with port 0. Of two lines of
+// The rows of the section that media was read from, as its sender wrote them, from the
+// precondition lines it noted, as views into its text; into out, empty when given. Of two lines of
 // the same kind, type and status type, the first counts. A line that does not have the RFC 3312
 // form: 1002 "Bad precondition"; with Answered, 1003 "Unsupported precondition: " + the type;
 // both with the line as context, in line order.
-StreamConfig::Result readPreconditions(const MediaSection& section, PreconditionUse use,
-                                       Preconditions& out);
-// The same for the section that media was read from, from the precondition lines it noted.
 StreamConfig::Result readPreconditions(const RemoteMedia& media, PreconditionUse use,
-                                       Preconditions& out);
+                                       PreconditionRows& out);
 
 }  // namespace sdp
 }  // namespace rune

@@ -31,18 +31,20 @@ bool isDomainName(std::string_view address) {
 
 }  // namespace
 
-StreamConfig::Result checkAddress(RemoteMedia& remote, std::string_view address) {
+bool checkAddress(RemoteMedia& remote, std::string_view address, StreamConfig::Result& refusal) {
     remote.address.assign(address);
     if (Utils::isValidIpAddress(remote.address)) {
-        return successResult();
+        return true;
     }
     if (isDomainName(address)) {
-        return refusalAt(remote.connection, StreamConfig::InvalidConfiguration,
-                         "Connection address is a domain name");
+        refusal = refusalAt(remote.connection, StreamConfig::InvalidConfiguration,
+                            "Connection address is a domain name");
+        return false;
     }
     // The model's own words.
     StreamConfig probe;
-    return atLine(remote.connection, probe.setRemoteIp(remote.address));
+    refusal = atLine(remote.connection, probe.setRemoteIp(remote.address));
+    return false;
 }
 
 }  // namespace sdp

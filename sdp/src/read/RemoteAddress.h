@@ -13,9 +13,9 @@ namespace rune {
 namespace sdp {
 
 // Makes address, of remote's connection line, remote's address when the model's check passes
-// it; else its refusal as reading gives it: a domain name is refused as one, any other address
-// in the model's words.
-StreamConfig::Result checkAddress(RemoteMedia& remote, std::string_view address);
+// it; else false with its refusal in refusal as reading gives it: a domain name is refused as
+// one, any other address in the model's words.
+bool checkAddress(RemoteMedia& remote, std::string_view address, StreamConfig::Result& refusal);
 
 }  // namespace sdp
 }  // namespace rune

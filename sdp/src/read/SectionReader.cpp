@@ -7,6 +7,7 @@
 #include "syntax/SdpLine.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -18,102 +19,171 @@ namespace {
 
 const uint32_t kNarrowBandClock = 8000;
 const uint32_t kWideBandClock = 16000;
-const uint8_t kUnlisted = 0xFF;
+// An index entry: the format's place in the m= line plus one; the scan starts with every entry
+// unlisted, so reading the payload types fills nothing first.
+const uint8_t kUnlisted = 0;
+
+// The usual spellings, found whole by one comparison of a known length; the others are read
+// piece by piece.
+bool classifyUsual(RemoteFormat& format) {
+    const std::string_view encoding = format.encoding;
+    const auto is = [encoding](const auto& spelling) {
+        return std::memcmp(encoding.data(), spelling, sizeof(spelling) - 1) == 0;
+    };
+    RemoteFormat::Kind kind = RemoteFormat::Amr;
+    BandType band = BandTypeNb;
+    switch (encoding.size()) {
+        case 8:
+            if (!is("AMR/8000")) {
+                return false;
+            }
+            break;
+        case 10:
+            if (!is("AMR/8000/1")) {
+                return false;
+            }
+            break;
+        case 12:
+            if (!is("AMR-WB/16000")) {
+                return false;
+            }
+            band = BandTypeWb;
+            break;
+        case 14:
+            if (!is("AMR-WB/16000/1")) {
+                return false;
+            }
+            band = BandTypeWb;
+            break;
+        case 20:
+            if (!is("telephone-event/8000")) {
+                return false;
+            }
+            kind = RemoteFormat::TelephoneEvent;
+            break;
+        case 21:
+            if (!is("telephone-event/16000")) {
+                return false;
+            }
+            kind = RemoteFormat::TelephoneEvent;
+            band = BandTypeWb;
+            break;
+        default:
+            return false;
+    }
+    format.kind = kind;
+    format.band = band;
+    return true;
+}
+
+// The payload type that text starts with, ended by a blank or by the text's end; false for any
+// other start.
+bool leadingPayloadType(std::string_view text, uint32_t& payloadType, size_t& digits) {
+    return leadingNumber(text, kMaxPayloadType, payloadType, digits) &&
+           (digits == text.size() || isBlank(text[digits]));
+}
 
 // "name/clock[/channels]": AMR/8000, AMR-WB/16000, telephone-event/8000 or /16000, one channel.
 void classify(RemoteFormat& format) {
-    PieceCursor parts(format.encoding, '/');
-    std::string_view name;
-    std::string_view clockText;
-    std::string_view channelsText;
-    std::string_view extra;
-    parts.next(name);
-    const bool hasClock = parts.next(clockText);
-    const bool hasChannels = parts.next(channelsText);
-    uint64_t clock;
-    uint64_t channels = 1;
-    if (!hasClock || parts.next(extra) ||
-        !parseDecimal(clockText, std::numeric_limits<uint32_t>::max(), clock) ||
-        (hasChannels &&
-         !parseDecimal(channelsText, std::numeric_limits<uint32_t>::max(), channels)) ||
-        channels != 1) {
+    if (classifyUsual(format)) {
         return;
     }
-    if (equalsIgnoreCase(name, "AMR") && clock == kNarrowBandClock) {
+    const std::string_view encoding = format.encoding;
+    const size_t slash = encoding.find('/');
+    if (slash == std::string_view::npos) {
+        return;
+    }
+    const std::string_view name = encoding.substr(0, slash);
+    std::string_view rest = encoding.substr(slash + 1);
+    uint32_t clock;
+    size_t digits;
+    if (!leadingNumber(rest, std::numeric_limits<uint32_t>::max(), clock, digits)) {
+        return;
+    }
+    rest.remove_prefix(digits);
+    uint32_t channels;
+    if (!rest.empty() &&
+        (rest[0] != '/' ||
+         !leadingNumber(rest.substr(1), std::numeric_limits<uint32_t>::max(), channels, digits) ||
+         digits + 1 != rest.size() || channels != 1)) {
+        return;
+    }
+    if (clock == kNarrowBandClock && equalsIgnoreCase(name, "AMR")) {
         format.kind = RemoteFormat::Amr;
         format.band = BandTypeNb;
-    } else if (equalsIgnoreCase(name, "AMR-WB") && clock == kWideBandClock) {
+    } else if (clock == kWideBandClock && equalsIgnoreCase(name, "AMR-WB")) {
         format.kind = RemoteFormat::Amr;
         format.band = BandTypeWb;
-    } else if (equalsIgnoreCase(name, "telephone-event") &&
-               (clock == kNarrowBandClock || clock == kWideBandClock)) {
+    } else if ((clock == kNarrowBandClock || clock == kWideBandClock) &&
+               equalsIgnoreCase(name, "telephone-event")) {
         format.kind = RemoteFormat::TelephoneEvent;
         format.band = clock == kNarrowBandClock ? BandTypeNb : BandTypeWb;
     }
 }
 
-StreamConfig::Result readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
-                                      std::array<uint8_t, kMaxPayloadType + 1>& index) {
-    index.fill(kUnlisted);
-    std::string_view tokens = section.formats;
+// Leaves refusal as it is on success. index starts unlisted throughout.
+void readPayloadTypes(const MediaSection& section, RemoteMedia& remote,
+                      std::array<uint8_t, kMaxPayloadType + 1>& index,
+                      StreamConfig::Result& refusal) {
+    // At most one of each payload type: the list is bounded whatever the line's length.
+    std::array<uint8_t, kMaxPayloadType + 1> listed;
     size_t count = 0;
-    bool inToken = false;
-    for (char c : tokens) {
-        const bool blank = isBlank(c);
-        count += !blank && !inToken ? 1 : 0;
-        inToken = !blank;
-    }
-    // At most one of each payload type: the room is bounded whatever the line's length.
-    remote.formats.reset(std::min<size_t>(count, kMaxPayloadType + 1));
-    for (std::string_view token = nextField(tokens); !token.empty(); token = nextField(tokens)) {
-        uint64_t payloadType;
-        if (!parseDecimal(token, kMaxPayloadType, payloadType)) {
-            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                             "Bad payload type: ", token);
+    // Each token is read once, digit by digit; only a bad one is read again, whole, to be named.
+    std::string_view tokens = section.formats;
+    for (tokens = trimStart(tokens); !tokens.empty(); tokens = trimStart(tokens)) {
+        uint32_t payloadType;
+        size_t digits;
+        if (!leadingPayloadType(tokens, payloadType, digits)) {
+            refusal = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                                "Bad payload type: ", nextField(tokens));
+            return;
         }
+        tokens.remove_prefix(digits);
         // The model would refuse the second codec too, but would not release it.
         if (index[payloadType] != kUnlisted) {
-            return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                             "A codec with the same payload type ", payloadType,
-                             " is already present");
+            refusal = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                                "A codec with the same payload type ", payloadType,
+                                " is already present");
+            return;
         }
-        index[payloadType] = static_cast<uint8_t>(remote.formats.size());
-        remote.formats.add().payloadType = static_cast<int>(payloadType);
+        index[payloadType] = static_cast<uint8_t>(count + 1);
+        listed[count++] = static_cast<uint8_t>(payloadType);
     }
-    return successResult();
+    remote.formats.reset(count);
+    for (size_t i = 0; i < count; ++i) {
+        remote.formats.add().payloadType = listed[i];
+    }
 }
 
 // The format an a=rtpmap or a=fmtp value is about, and what follows its payload type. Blanks
 // after the colon are tolerated; a payload type that cannot be read, or that the m= line does
-// not list, leaves the line out.
-RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
-                       const std::array<uint8_t, kMaxPayloadType + 1>& index,
-                       std::string_view& rest) {
-    value = trim(value);
-    const std::string_view digits = leadingDigits(value);
-    uint64_t payloadType;
-    if ((digits.size() < value.size() && !isBlank(value[digits.size()])) ||
-        !parseDecimal(digits, kMaxPayloadType, payloadType) || index[payloadType] == kUnlisted) {
+// not list, leaves the line out. Inline: most a= lines of an audio section come here.
+inline RemoteFormat* formatOf(std::string_view value, RemoteMedia& remote,
+                              const std::array<uint8_t, kMaxPayloadType + 1>& index,
+                              std::string_view& rest) {
+    value = trimStart(value);
+    uint32_t payloadType;
+    size_t digits;
+    if (!leadingPayloadType(value, payloadType, digits) || index[payloadType] == kUnlisted) {
         return nullptr;
     }
-    rest = trim(value.substr(digits.size()));
-    return &remote.formats[index[payloadType]];
+    value.remove_prefix(digits);
+    rest = trim(value);
+    return &remote.formats[index[payloadType] - 1U];
 }
 
-StreamConfig::Result readFormats(RemoteMedia& remote) {
+// False with the refusal in refusal.
+bool readFormats(RemoteMedia& remote, StreamConfig::Result& refusal) {
     for (RemoteFormat& format : remote.formats) {
         if (format.encoding.data() != nullptr) {
             classify(format);
         }
-        if (format.kind == RemoteFormat::Amr && format.fmtp.exists()) {
-            StreamConfig::Result result =
-                readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr);
-            if (result.isFailure()) {
-                return result;
-            }
+        if (format.kind == RemoteFormat::Amr && format.fmtp.exists() &&
+            !readAmrParameters(format.fmtpText, format.fmtp, format.band, format.amr, refusal)) {
+            return false;
         }
     }
-    return successResult();
+    return true;
 }
 
 // Reads the first qualifying section as the syntax check walks the description; remembers the
@@ -225,7 +295,7 @@ void SectionScan::start(const MediaSection& section) {
     mOut.maxPacketTime.reset();
     mOut.firstPrecondition = Line();
     mOut.lastPrecondition = Line();
-    mPayloadTypes = readPayloadTypes(section, mOut, mIndex);
+    readPayloadTypes(section, mOut, mIndex, mPayloadTypes);
 }
 
 void SectionScan::take(const Line& line, const LineValues& values) {
@@ -245,95 +315,125 @@ void SectionScan::take(const Line& line, const LineValues& values) {
 }
 
 void SectionScan::takeAttribute(const Line& line) {
-    std::string_view name;
+    const std::string_view text = line.value();
+    if (text.empty()) {
+        return;
+    }
     std::string_view value;
-    Description::splitAttribute(line, name, value);
-    // The names differ in length but for the packet times, the directions and the preconditions.
-    switch (name.size()) {
-        case 3:
-        case 4:
-        case 6:
-            if (name == "des" || name == "curr" || name == "conf") {
-                mOut.takePreconditionLine(line);
-            } else if (name == "rtpmap" || name == "fmtp") {
-                std::string_view rest;
-                RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
-                if (format == nullptr) {
-                    break;
-                }
-                if (name.size() == 4) {
-                    if (!format->fmtp.exists()) {
-                        format->fmtp = line;
-                        format->fmtpText = rest;
-                    }
-                } else if (format->encoding.data() == nullptr) {
-                    format->encoding = rest;
-                }
-            }
-            break;
-        case 5:
-        case 8:
-            if (name == "ptime" || name == "maxptime") {
-                std::optional<uint32_t>& target =
-                    name.size() == 5 ? mOut.packetTime : mOut.maxPacketTime;
-                uint64_t milliseconds;
-                // No packet can last 0 ms.
-                if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds) ||
-                    milliseconds == 0) {
-                    if (!mBadPacketTime.exists()) {
-                        mBadPacketTime = line;
-                        mBadPacketTimeValue = value;
-                    }
-                } else if (!target) {
-                    target = static_cast<uint32_t>(milliseconds);
-                }
-            } else {
-                mShared.takeDirection(line.value());
-            }
-            break;
-        case 10:
-            if (name == "rtcp-rsize") {
+    // The first letter tells most names apart; each name is then compared in place.
+    switch (text[0]) {
+        case 'r':
+            if (Description::isAttribute(text, "rtpmap", value)) {
+                takeRtpmap(value);
+            } else if (Description::isAttribute(text, "rtcp-rsize", value)) {
                 mOut.reducedSize = true;
+            } else {
+                mShared.takeDirection(text);
             }
+            break;
+        case 'f':
+            if (Description::isAttribute(text, "fmtp", value)) {
+                takeFmtp(line, value);
+            }
+            break;
+        case 'p':
+            if (Description::isAttribute(text, "ptime", value)) {
+                takePacketTime(line, value, mOut.packetTime);
+            }
+            break;
+        case 'm':
+            if (Description::isAttribute(text, "maxptime", value)) {
+                takePacketTime(line, value, mOut.maxPacketTime);
+            }
+            break;
+        case 'c':
+            if (Description::isAttribute(text, "curr", value) ||
+                Description::isAttribute(text, "conf", value)) {
+                mOut.takePreconditionLine(line);
+            }
+            break;
+        case 'd':
+            if (Description::isAttribute(text, "des", value)) {
+                mOut.takePreconditionLine(line);
+            }
+            break;
+        case 's':
+        case 'i':
+            mShared.takeDirection(text);
             break;
         default:
             break;
     }
 }
 
+void SectionScan::takeRtpmap(std::string_view value) {
+    std::string_view rest;
+    RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
+    if (format != nullptr && format->encoding.data() == nullptr) {
+        format->encoding = rest;
+    }
+}
+
+void SectionScan::takeFmtp(const Line& line, std::string_view value) {
+    std::string_view rest;
+    RemoteFormat* format = formatOf(value, mOut, mIndex, rest);
+    if (format != nullptr && !format->fmtp.exists()) {
+        format->fmtp = line;
+        format->fmtpText = rest;
+    }
+}
+
+void SectionScan::takePacketTime(const Line& line, std::string_view value,
+                                 std::optional<uint32_t>& target) {
+    uint64_t milliseconds;
+    // No packet can last 0 ms.
+    if (!parseDecimal(value, std::numeric_limits<uint32_t>::max(), milliseconds) ||
+        milliseconds == 0) {
+        if (!mBadPacketTime.exists()) {
+            mBadPacketTime = line;
+            mBadPacketTimeValue = value;
+        }
+    } else if (!target) {
+        target = static_cast<uint32_t>(milliseconds);
+    }
+}
+
 StreamConfig::Result SectionScan::finish(const SharedLines& session, SectionRule rule) {
+    // Every way out returns this one result, built in place: success costs no copy.
+    StreamConfig::Result result = successResult();
     const MediaSection& section = mOut.section;
     if (!Utils::isValidSocketPort(section.port)) {
         StreamConfig probe;
-        return atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+        result = atLine(section.mediaLine, probe.setRemoteRtpPort(section.port));
+        return result;
     }
     mOut.port = section.port;
     if (!isSupportedTransport(section.protocol)) {
-        return refusalAt(section.mediaLine, StreamConfig::InvalidParam,
-                         "Unsupported transport: ", section.protocol);
+        result = refusalAt(section.mediaLine, StreamConfig::InvalidParam,
+                           "Unsupported transport: ", section.protocol);
+        return result;
     }
     mOut.profile = section.protocol == "RTP/AVPF" ? RtpProfileAvpf : RtpProfileAvp;
     if (mPayloadTypes.isFailure()) {
-        return mPayloadTypes;
+        result = mPayloadTypes;
+        return result;
     }
     const SharedLines& connection = mShared.connection.exists() ? mShared : session;
     mOut.connection = connection.connection;
     if (!mOut.connection.exists() && rule == SectionRule::Required) {
-        return noConnectionAddress(section);
+        result = noConnectionAddress(section);
+        return result;
     }
-    if (mOut.connection.exists()) {
-        StreamConfig::Result address = checkAddress(mOut, connection.address);
-        if (address.isFailure()) {
-            return address;
-        }
+    if (mOut.connection.exists() && !checkAddress(mOut, connection.address, result)) {
+        return result;
     }
-    StreamConfig::Result result = readFormats(mOut);
-    if (result.isFailure()) {
+    if (!readFormats(mOut, result)) {
         return result;
     }
     if (mBadPacketTime.exists()) {
-        return refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
-                         "Bad packet time: ", mBadPacketTimeValue);
+        result = refusalAt(mBadPacketTime, StreamConfig::InvalidParam,
+                           "Bad packet time: ", mBadPacketTimeValue);
+        return result;
     }
     mOut.direction =
         mShared.direction.value_or(session.direction.value_or(StreamConfig::DirectionFullDuplex));

@@ -67,7 +67,8 @@ class SectionScan {
   public:
     explicit SectionScan(RemoteMedia& out) : mOut(out) {}
 
-    // Starts reading section; its lines are worth scanning only when scanning() says so.
+    // Starts reading section, once a scan; its lines are worth scanning only when scanning() says
+    // so.
     void start(const MediaSection& section);
     bool scanning() const { return mPayloadTypes.isSuccess(); }
     void take(const Line& line, const LineValues& values);
@@ -76,6 +77,10 @@ class SectionScan {
 
   private:
     void takeAttribute(const Line& line);
+    void takeRtpmap(std::string_view value);
+    void takeFmtp(const Line& line, std::string_view value);
+    // Keeps the first bad value of either line for its refusal.
+    void takePacketTime(const Line& line, std::string_view value, std::optional<uint32_t>& target);
 
     RemoteMedia& mOut;
     std::array<uint8_t, kMaxPayloadType + 1> mIndex{};

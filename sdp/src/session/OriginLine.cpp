@@ -25,12 +25,9 @@ std::string_view findOriginLine(std::string_view body) {
     return body.substr(start, end - start);
 }
 
-// The text before and after the o= line.
+// The text before the o= line.
 std::string_view before(std::string_view body, std::string_view line) {
     return body.substr(0, static_cast<size_t>(line.data() - body.data()));
-}
-std::string_view after(std::string_view body, std::string_view line) {
-    return body.substr(static_cast<size_t>(line.data() - body.data()) + line.size());
 }
 
 }  // namespace
@@ -54,12 +51,6 @@ bool readOriginLine(std::string_view body, OriginParts& parts) {
     return true;
 }
 
-bool isSameButOrigin(std::string_view a, std::string_view b) {
-    const std::string_view lineA = findOriginLine(a);
-    const std::string_view lineB = findOriginLine(b);
-    return before(a, lineA) == before(b, lineB) && after(a, lineA) == after(b, lineB);
-}
-
 void writeOriginLine(std::string_view head, uint64_t version, std::string_view tail,
                      std::string& body) {
     const std::string_view line = findOriginLine(body);
@@ -69,7 +60,11 @@ void writeOriginLine(std::string_view head, uint64_t version, std::string_view t
     char* end = std::to_chars(number + 1, number + sizeof number, version).ptr;
     *end++ = ' ';
     const std::string_view middle(number, static_cast<size_t>(end - number));
-    body.replace(start, line.size(), head.size() + middle.size() + tail.size(), ' ');
+    const size_t size = head.size() + middle.size() + tail.size();
+    // The usual line, of the same length, is overwritten where it is.
+    if (size != line.size()) {
+        body.replace(start, line.size(), size, ' ');
+    }
     char* out = &body[start];
     out = std::copy(head.begin(), head.end(), out);
     out = std::copy(middle.begin(), middle.end(), out);

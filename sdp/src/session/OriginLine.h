@@ -23,9 +23,6 @@ struct OriginParts {
 // The parts of body's o= line; false when it has none of that form.
 bool readOriginLine(std::string_view body, OriginParts& parts);
 
-// True when a and b are the same text but for their o= lines.
-bool isSameButOrigin(std::string_view a, std::string_view b);
-
 // Makes the o= line of body "<head> <version> <tail>", head and tail as in OriginParts.
 void writeOriginLine(std::string_view head, uint64_t version, std::string_view tail,
                      std::string& body);

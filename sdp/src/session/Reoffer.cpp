@@ -31,10 +31,15 @@ const AmrCodecConfig* agreedAmr(const StreamConfig& stream) {
     return nullptr;
 }
 
+// The id and band are read first: a dynamic_cast costs more than the whole test otherwise.
 const AmrCodecCapabilities* firstAmrCaps(const StreamCapabilities& local, BandType band) {
     for (unsigned int i = 0; i < local.getCodecCapabilityCount(); ++i) {
-        const auto* amr = dynamic_cast<const AmrCodecCapabilities*>(local.getCodecCapabilities(i));
-        if (amr != nullptr && amr->getBandType() == band) {
+        const CodecCapabilities* caps = local.getCodecCapabilities(i);
+        const auto* amr =
+            caps != nullptr && caps->getCodecId() == CodecIdAmr && caps->getBandType() == band
+                ? dynamic_cast<const AmrCodecCapabilities*>(caps)
+                : nullptr;
+        if (amr != nullptr) {
             return amr;
         }
     }
@@ -45,51 +50,56 @@ const AmrCodecCapabilities* firstAmrCaps(const StreamCapabilities& local, BandTy
 AmrFmtpText reofferedFmtp(const AmrCodecConfig& amr, const StreamCapabilities& local) {
     AmrFmtpText fmtp = configuredFmtp(amr);
     const AmrCodecCapabilities* caps = firstAmrCaps(local, amr.getBandType());
-    fmtp.modeChangeCapabilityTwo =
-        caps != nullptr && offerFmtp(*caps, amr.isOctetAlignModeEnabled()).modeChangeCapabilityTwo;
+    fmtp.modeChangeCapabilityTwo = caps != nullptr && announcesModeChangeCapability(*caps);
     return fmtp;
+}
+
+// The m= line that follows the line end at of text, a description that parses.
+bool readMediaLine(std::string_view text, size_t at, MediaSection& section) {
+    LineCursor lines(text.substr(at + 1), 1);
+    Line line;
+    return lines.next(line) && Description::parseMedia(line, section);
 }
 
 }  // namespace
 
-void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
+void writeReoffer(StreamConfig& agreed, const StreamPlace& place, std::string_view lastSent,
                   const StreamCapabilities& local, const LocalEnd& end,
-                  const Preconditions& preconditions, const Origin& origin, std::string& text) {
-    StreamConfig stream = agreed;
-    (void)stream.setDirection(end.direction);
-    const AmrCodecConfig* amr = agreedAmr(stream);
+                  const PreconditionRows& preconditions, const Origin& origin, std::string& text) {
+    const AmrCodecConfig* amr = agreedAmr(agreed);
     const AmrFmtpText fmtp = amr != nullptr ? reofferedFmtp(*amr, local) : AmrFmtpText();
-    Description sent;
-    (void)Description::parse(lastSent, sent);
+    // Written with the local direction set in place: a copy of the stream costs more.
+    const StreamConfig::Direction agreedDirection = agreed.getDirection();
+    (void)agreed.setDirection(end.direction);
     LineWriter writer(text);
     writer.sessionPart(origin, end.ip, nullptr);
-    SectionCursor sections = sent.sections();
-    MediaSection section;
-    while (sections.next(section)) {
-        if (section.index == agreedIndex) {
-            writeStreamMedia(writer, stream, end.ip, end.port, amr != nullptr ? &fmtp : nullptr,
+    // lastSent parses, with the exchange's m= lines: they alone are read, without a parse.
+    size_t at = 0;
+    for (unsigned index = 0; index < place.sections; ++index) {
+        at = Description::findMediaLineEnd(lastSent, index == 0 ? 0 : at + 1);
+        MediaSection section;
+        if (index == place.index) {
+            writeStreamMedia(writer, agreed, end.ip, end.port, amr != nullptr ? &fmtp : nullptr,
                              EventsFmtp::Offered, &preconditions);
-        } else {
+        } else if (readMediaLine(lastSent, at, section)) {
             writeRejectedMedia(writer, section);
         }
     }
+    (void)agreed.setDirection(agreedDirection);
 }
 
-unsigned streamSectionIndex(std::string_view text, unsigned& sections) {
+StreamPlace findStreamPlace(std::string_view text) {
     // The text parses: its m= lines alone tell, without a second parse.
     std::optional<unsigned> found;
-    sections = 0;
+    unsigned sections = 0;
     for (size_t at = Description::findMediaLineEnd(text, 0); at != std::string_view::npos;
          at = Description::findMediaLineEnd(text, at + 1), ++sections) {
-        LineCursor lines(text.substr(at + 1), 1);
-        Line line;
         MediaSection section;
-        if (!found && lines.next(line) && Description::parseMedia(line, section) &&
-            qualifies(section)) {
+        if (!found && readMediaLine(text, at, section) && qualifies(section)) {
             found = sections;
         }
     }
-    return found.value_or(0);
+    return StreamPlace{found.value_or(0), sections};
 }
 
 }  // namespace sdp

@@ -7,7 +7,10 @@
 #include <velmora/rune/StreamCapabilities.h>
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Sdp.h>
-#include <velmora/rune/sdp/Session.h>
+
+#include "read/PreconditionRows.h"
+
+#include "StreamPlace.h"
 
 #include <string>
 #include <string_view>
@@ -22,19 +25,19 @@ struct LocalEnd {
     StreamConfig::Direction direction;
 };
 
-// The re-offer of agreed, whose section is the one at index agreedIndex of lastSent, the last
-// description this side sent (a body it wrote or one that reads without refusal). The agreed
-// AMR codec gets what an offer writes from the first local capability of its band
+// The re-offer of agreed, at place in lastSent, the last description this side sent (a body it
+// wrote or one that reads without refusal, with the exchange's m= lines). The agreed AMR codec
+// gets what an offer writes from the first local capability of its band
 // (mode-change-capability=2), its telephone-event the events 0-15; the precondition rows before
-// its direction.
-void writeReoffer(const StreamConfig& agreed, unsigned agreedIndex, std::string_view lastSent,
+// its direction. agreed is as it was on return.
+void writeReoffer(StreamConfig& agreed, const StreamPlace& place, std::string_view lastSent,
                   const StreamCapabilities& local, const LocalEnd& end,
-                  const Preconditions& preconditions, const Origin& origin, std::string& text);
+                  const PreconditionRows& preconditions, const Origin& origin, std::string& text);
 
-// The index of the section of text, a description that parses, that the stream of an exchange
-// comes from: the first audio section with a port other than 0 and the protocol RTP/AVP or
-// RTP/AVPF; 0 when there is none. sections gets the number of its m= lines.
-unsigned streamSectionIndex(std::string_view text, unsigned& sections);
+// Where in text, a description that parses, the stream of an exchange comes from: the first
+// audio section with a port other than 0 and the protocol RTP/AVP or RTP/AVPF; index 0 when there
+// is none.
+StreamPlace findStreamPlace(std::string_view text);
 
 }  // namespace sdp
 }  // namespace rune

@@ -1,10 +1,10 @@
 // The SDP side of one dialog (RFC 3264 section 8).
 #include <velmora/rune/sdp/Session.h>
 
+#include "DialogAccept.h"
 #include "DialogAnswer.h"
 #include "DirectedOffer.h"
 #include "internal/Results.h"
-#include "read/PreconditionReader.h"
 #include "read/SectionReader.h"
 #include "session/OriginLine.h"
 #include "session/Reoffer.h"
@@ -39,25 +39,18 @@ Result readSentSection(const std::string& sent, unsigned index, Description& par
     return result;
 }
 
-// The precondition rows of answer, the stream's section of an exchange whose offer is offer, as
-// the side of role sees them.
-Result readAgreedPreconditions(const std::string& offer, const std::string& answer, Role role,
-                               Preconditions& preconditions) {
-    Description parsed;
-    MediaSection section;
-    Result result = Description::parse(answer, parsed);
-    if (result.isSuccess()) {
-        unsigned sections;
-        (void)parsed.section(streamSectionIndex(offer, sections), section);
-        result = readPreconditions(section, PreconditionUse::Kept, preconditions);
-    }
-    if (result.isFailure()) {
-        return inText("answer", std::move(result));
-    }
+// The precondition rows of an answer as the side of role sees them.
+Preconditions seenFrom(Role role, Preconditions answered) {
     if (role == Role::Offerer) {
-        preconditions = mirrorPreconditions(preconditions);
+        return mirrorPreconditions(answered);
     }
-    return result;
+    return answered;
+}
+
+// True when text parses as a description.
+bool parses(const std::string& text) {
+    Description parsed;
+    return Description::parse(text, parsed).isSuccess();
 }
 
 // The model's check of a direction value.
@@ -81,8 +74,8 @@ Result Session::createOffer(std::string& offer) {
     }
     std::string text;
     Result result = successResult();
-    const Preconditions preconditions =
-        offerPreconditions(mPreconditions, mQosStatus, mQosStrength);
+    PreconditionRows preconditions;
+    offerPreconditions(mPreconditions, mQosStatus, mQosStrength, preconditions);
     if (hasAgreed()) {
         result = checkOrigin(mOrigin);
         if (result.isSuccess()) {
@@ -90,9 +83,9 @@ Result Session::createOffer(std::string& offer) {
         }
         if (result.isSuccess()) {
             text.reserve(kBodyReserve);
-            writeReoffer(mAgreedStream, mAgreedIndex, mLastSent, mLocal,
-                         LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, preconditions, mOrigin,
-                         text);
+            writeReoffer(mAgreedStream, StreamPlace{mAgreedIndex, mAgreedSections}, mLastSent,
+                         mLocal, LocalEnd{mLocalIp, mLocalPort, mLocalDirection}, preconditions,
+                         mOrigin, text);
         }
     } else {
         result = createDirectedOffer(mLocal, mLocalIp, mLocalPort, mOrigin, mLocalDirection,
@@ -111,17 +104,16 @@ Result Session::acceptAnswer(const std::string& answer, StreamConfig& negotiated
     if (mOutstanding.empty()) {
         return sequenceRefusal("No offer outstanding");
     }
-    StreamConfig stream;
-    Result result = sdp::acceptAnswer(mOutstanding, answer, stream);
-    Preconditions preconditions;
-    if (result.isSuccess()) {
-        result = readAgreedPreconditions(mOutstanding, answer, Role::Offerer, preconditions);
-    }
+    AcceptedExchange exchange;
+    // Built in place: accepting leaves the stream as it was when it refuses.
+    Result result = acceptInDialog(mOutstanding, answer, mAgreedStream, &exchange);
     if (result.isFailure()) {
         return result;
     }
-    mAgreedStream = stream;
-    agree(mOutstanding, answer, Role::Offerer, std::move(preconditions));
+    mAgreedIndex = exchange.place.index;
+    mAgreedSections = exchange.place.sections;
+    agree(mOutstanding, answer, Role::Offerer,
+          seenFrom(Role::Offerer, std::move(exchange.preconditions)));
     mOutstanding.clear();
     negotiated = mAgreedStream;
     return result;
@@ -137,17 +129,17 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return sequenceRefusal("Offer outstanding");
     }
     Preconditions preconditions;
+    StreamPlace place;
     DialogRules rules;
     rules.localDirection = mLocalDirection;
     rules.preconditions = &preconditions;
+    rules.place = &place;
     rules.qosStatus = mQosStatus;
     rules.qosStrength = mQosStrength;
     if (hasAgreed()) {
         // An offer that does not parse is refused below, as answering refuses it. Looking for
         // its m= lines costs less than the parse, which only an offer with fewer needs.
-        Description parsed;
-        if (!Description::hasMediaLines(offer, mAgreedSections) &&
-            Description::parse(offer, parsed).isSuccess()) {
+        if (!Description::hasMediaLines(offer, mAgreedSections) && parses(offer)) {
             return sequenceRefusal("Offer removes a media section");
         }
         rules.agreed = agreedFormats(mAgreedStream);
@@ -160,6 +152,8 @@ Result Session::answerOffer(const std::string& offer, StreamConfig& negotiated,
         return result;
     }
     send(text);
+    mAgreedIndex = place.index;
+    mAgreedSections = place.sections;
     agree(offer, text, Role::Answerer, std::move(preconditions));
     negotiated = mAgreedStream;
     answer.swap(text);
@@ -207,11 +201,8 @@ Result Session::setQosStrength(Strength strength) {
 Result Session::restore(const StreamCapabilities& local, const std::string& offer,
                         const std::string& answer, Role role, Session& session) {
     StreamConfig stream;
-    Result result = sdp::acceptAnswer(offer, answer, stream);
-    Preconditions preconditions;
-    if (result.isSuccess()) {
-        result = readAgreedPreconditions(offer, answer, role, preconditions);
-    }
+    AcceptedExchange exchange;
+    Result result = acceptInDialog(offer, answer, stream, &exchange);
     if (result.isFailure()) {
         return result;
     }
@@ -221,11 +212,9 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
         return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam, "Bad origin line");
     }
     // Both texts share the stream's section index: accepting found the answer's there.
-    unsigned sections = 0;
-    const unsigned index = streamSectionIndex(offer, sections);
     Description parsed;
     RemoteMedia media;
-    result = readSentSection(sent, index, parsed, media);
+    result = readSentSection(sent, exchange.place.index, parsed, media);
     if (result.isFailure()) {
         return result;
     }
@@ -240,9 +229,14 @@ Result Session::restore(const StreamCapabilities& local, const std::string& offe
     restored.mOriginHead = origin.head;
     restored.mVersion = origin.version;
     restored.mOriginTail = origin.tail;
+    // With the dialog's o= line, as send keeps every body.
     restored.mLastSent = sent;
+    writeOriginLine(origin.head, origin.version, origin.tail, restored.mLastSent);
     restored.mAgreedStream = stream;
-    restored.agree(offer, answer, role, std::move(preconditions));
+    const StreamPlace place = findStreamPlace(sent);
+    restored.mAgreedIndex = place.index;
+    restored.mAgreedSections = place.sections;
+    restored.agree(offer, answer, role, seenFrom(role, std::move(exchange.preconditions)));
     session = restored;
     return result;
 }
@@ -259,7 +253,13 @@ void Session::send(std::string& body) {
         mOriginHead = origin.head;
         mVersion = origin.version;
         mOriginTail = origin.tail;
-    } else if (!isSameButOrigin(body, mLastSent)) {
+    } else {
+        // The last body sent has the dialog's o= line too: with this version, the same text is
+        // the same body, kept already.
+        writeOriginLine(mOriginHead, mVersion, mOriginTail, body);
+        if (body == mLastSent) {
+            return;
+        }
         // Wraps at 2^64, which RFC 8866 allows.
         ++mVersion;
     }
@@ -268,14 +268,13 @@ void Session::send(std::string& body) {
     mLastSent = body;
 }
 
+// The caller sets the agreed stream and its place first: the step that read them knows them.
 void Session::agree(const std::string& offer, const std::string& answer, Role role,
                     Preconditions preconditions) {
     mAgreedOffer = offer;
     mAgreedAnswer = answer;
     mAgreedRole = role;
     mPreconditions = std::move(preconditions);
-    // Both texts were read: they parse, with as many m= lines.
-    mAgreedIndex = streamSectionIndex(role == Role::Offerer ? offer : answer, mAgreedSections);
 }
 
 }  // namespace sdp

@@ -11,19 +11,33 @@ void take(const CodecConfig& codec, AgreedFormats& agreed) {
     format = AgreedFormat{codec.getPayloadType(), codec.getBandType()};
 }
 
+bool isAgreed(const RemoteFormat& format, const AgreedFormat& agreed, RemoteFormat::Kind kind) {
+    return format.kind == kind && format.band == agreed.band;
+}
+
+// A first offer has none agreed: nothing to look up.
+const RemoteFormat* findListed(const RemoteMedia& remote, const AgreedFormat& agreed) {
+    return agreed.payloadType < 0 ? nullptr : remote.find(agreed.payloadType);
+}
+
 bool isBoundElsewhere(const RemoteMedia& remote, const AgreedFormat& agreed,
                       RemoteFormat::Kind kind) {
-    const RemoteFormat* format = remote.find(agreed.payloadType);
-    return format != nullptr && findAgreed(remote, agreed, kind) == nullptr;
+    const RemoteFormat* format = findListed(remote, agreed);
+    return format != nullptr && !isAgreed(*format, agreed, kind);
 }
 
 }  // namespace
 
 AgreedFormats agreedFormats(const StreamConfig& stream) {
     AgreedFormats agreed;
-    // An inactive stream keeps its codecs on the downlink; either list holds all of them.
-    for (unsigned int i = 0; i < stream.getDownlinkCodecCount(); ++i) {
-        take(*stream.getDownlinkCodec(i), agreed);
+    // Each active list holds all of them; an inactive stream keeps them on the downlink, so the
+    // downlink, when it holds any, tells.
+    const unsigned int downlink = stream.getDownlinkCodecCount();
+    if (downlink > 0) {
+        for (unsigned int i = 0; i < downlink; ++i) {
+            take(*stream.getDownlinkCodec(i), agreed);
+        }
+        return agreed;
     }
     for (unsigned int i = 0; i < stream.getUplinkCodecCount(); ++i) {
         take(*stream.getUplinkCodec(i), agreed);
@@ -38,9 +52,8 @@ bool rebinds(const RemoteMedia& remote, const AgreedFormats& agreed) {
 
 const RemoteFormat* findAgreed(const RemoteMedia& remote, const AgreedFormat& agreed,
                                RemoteFormat::Kind kind) {
-    const RemoteFormat* format = remote.find(agreed.payloadType);
-    return format != nullptr && format->kind == kind && format->band == agreed.band ? format
-                                                                                    : nullptr;
+    const RemoteFormat* format = findListed(remote, agreed);
+    return format != nullptr && isAgreed(*format, agreed, kind) ? format : nullptr;
 }
 
 }  // namespace sdp

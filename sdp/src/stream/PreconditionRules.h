@@ -6,6 +6,8 @@
 #include <velmora/rune/StreamConfig.h>
 #include <velmora/rune/sdp/Session.h>
 
+#include "read/PreconditionRows.h"
+
 namespace velmora {
 namespace rune {
 namespace sdp {
@@ -16,17 +18,17 @@ bool covers(StreamConfig::Direction have, StreamConfig::Direction want);
 // The rows as the other side sees them: local and remote swapped, send and recv swapped.
 Preconditions mirrorPreconditions(const Preconditions& preconditions);
 
-// The rows of an answer to offered (as the offer writes them), status being the directions this
-// side has reserved and strength what it desires for its own segment (RFC 3312 section 5.2).
-// None when the offer has none.
-Preconditions answerPreconditions(const Preconditions& offered, StreamConfig::Direction status,
-                                  Strength strength);
+// Into answer, empty when given: the rows of an answer to offered (as the offer writes them),
+// status being the directions this side has reserved and strength what it desires for its own
+// segment (RFC 3312 section 5.2). None when the offer has none.
+void answerPreconditions(const PreconditionRows& offered, StreamConfig::Direction status,
+                         Strength strength, PreconditionRows& answer);
 
-// The rows of an offer. Without agreed rows (the last agreed exchange's, seen from this side):
-// none for Strength::None, else the four rows of a first offer. With them: their a=curr and a=des
-// rows, the local a=curr from status.
-Preconditions offerPreconditions(const Preconditions& agreed, StreamConfig::Direction status,
-                                 Strength strength);
+// Into offer, empty when given, viewing agreed's types: the rows of an offer. Without agreed rows
+// (the last agreed exchange's, seen from this side): none for Strength::None, else the four rows
+// of a first offer. With them: their a=curr and a=des rows, the local a=curr from status.
+void offerPreconditions(const Preconditions& agreed, StreamConfig::Direction status,
+                        Strength strength, PreconditionRows& offer);
 
 }  // namespace sdp
 }  // namespace rune

@@ -10,6 +10,7 @@
 #include "internal/Results.h"
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -109,6 +110,26 @@ inline std::string_view leadingDigits(std::string_view text) {
     return text.substr(0, end);
 }
 
+// The decimal number that text starts with, when it is at most max, and the count of its digits;
+// false when text does not start with a digit or the number is above max. One step a digit.
+inline bool leadingNumber(std::string_view text, uint32_t max, uint32_t& value, size_t& digits) {
+    uint64_t number = 0;
+    size_t end = 0;
+    for (; end < text.size() && text[end] >= '0' && text[end] <= '9'; ++end) {
+        // Zeros in front keep the number small: a long run of them is still a number.
+        number = number * 10 + static_cast<uint64_t>(text[end] - '0');
+        if (number > max) {
+            return false;
+        }
+    }
+    if (end == 0) {
+        return false;
+    }
+    value = static_cast<uint32_t>(number);
+    digits = end;
+    return true;
+}
+
 // Decimal digits only, at most max; false for anything else, however long.
 inline bool parseDecimal(std::string_view text, uint64_t max, uint64_t& value) {
     if (text.empty()) {
@@ -179,26 +200,30 @@ bool PieceCursor::next(std::string_view& piece) {
 }
 
 bool LineCursor::next(Line& line) {
+    // Raw pointers: the offsets are in range by construction, so no step needs a bounds check.
+    const char* const begin = mText.data();
+    const char* const end = begin + mText.size();
     while (mOffset < mText.size()) {
-        const size_t end = mText.find('\n', mOffset);
-        const size_t stop = end == std::string_view::npos ? mText.size() : end;
-        std::string_view text = mText.substr(mOffset, stop - mOffset);
-        mOffset = end == std::string_view::npos ? mText.size() : end + 1;
-        if (end != std::string_view::npos && !text.empty() && text.back() == '\r') {
-            text.remove_suffix(1);
+        const char* const start = begin + mOffset;
+        const auto* const newline =
+            static_cast<const char*>(std::memchr(start, '\n', static_cast<size_t>(end - start)));
+        auto length = static_cast<size_t>((newline != nullptr ? newline : end) - start);
+        mOffset = newline != nullptr ? static_cast<size_t>(newline + 1 - begin) : mText.size();
+        if (newline != nullptr && length > 0 && start[length - 1] == '\r') {
+            --length;
         }
         const unsigned number = mNext++;
-        if (!text.empty()) {
-            line = Line{number, text};
+        if (length > 0) {
+            line = Line{number, std::string_view(start, length)};
             return true;
         }
     }
     return false;
 }
 
-// Success built in place: a copy of the model's shared success value copies three strings.
+// The stream's success, built in place.
 inline StreamConfig::Result successResult() {
-    return {StreamConfig::Success};
+    return rune::successResult<StreamConfig::ResultTrait>();
 }
 
 // A refusal whose context is the line; its message and the line quoted.

@@ -58,19 +58,23 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
     // One search of the whole text costs less than one per line.
     const size_t nulOffset = text.find('\0');
     const char* nul = nulOffset == std::string_view::npos ? nullptr : text.data() + nulOffset;
-    bool first = true;
+    Line line;
+    if (!lines.next(line)) {
+        // Nothing but empty lines: there is no line to name.
+        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
+                                                     "Description must start with v=0");
+    }
+    if (line.text != "v=0") {
+        return badLine(line, "Description must start with v=0");
+    }
     // Whether the observer sees the current section's lines.
     bool watched = false;
-    Line line;
-    while (lines.next(line)) {
-        if (first && line.text != "v=0") {
-            return badLine(line, "Description must start with v=0");
-        }
-        first = false;
+    // A line's values are read by its type only: the fields of other types need no reset.
+    LineValues values;
+    do {
         if (!isWellFormed(line.text, nul)) {
             return badLine(line, "Bad line");
         }
-        LineValues values;
         if (line.type() == 'm') {
             MediaSection media;
             if (!parseMedia(line, media)) {
@@ -100,12 +104,7 @@ StreamConfig::Result Description::parse(std::string_view text, Description& out,
         } else if (watched) {
             observer->sectionLine(line, values);
         }
-    }
-    if (first) {
-        // Nothing but empty lines: there is no line to name.
-        return makeResult<StreamConfig::ResultTrait>(StreamConfig::InvalidParam,
-                                                     "Description must start with v=0");
-    }
+    } while (lines.next(line));
     out = description;
     return successResult();
 }
@@ -233,9 +232,13 @@ bool Description::parseTiming(std::string_view value, uint64_t& start, uint64_t&
 
 bool Description::parseBandwidth(std::string_view value, std::string_view& modifier,
                                  uint32_t& bandwidth) {
-    const size_t colon = value.find(':');
+    // A modifier is a few letters: a walk finds the colon sooner than a search.
+    size_t colon = 0;
+    while (colon < value.size() && value[colon] != ':') {
+        ++colon;
+    }
     uint64_t number;
-    if (colon == 0 || colon == std::string_view::npos ||
+    if (colon == 0 || colon == value.size() ||
         !parseDecimal(value.substr(colon + 1), std::numeric_limits<uint32_t>::max(), number)) {
         return false;
     }

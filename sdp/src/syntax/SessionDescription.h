@@ -10,7 +10,9 @@
 #include "syntax/SdpLine.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace velmora {
@@ -69,7 +71,8 @@ struct LineValues {
 };
 
 // Sees the lines as the syntax check reads them, so that a reader needs no second walk. Lines
-// come in order, but a later line may still fail the syntax check.
+// come in order, but a later line may still fail the syntax check. Of the values, only the fields
+// of the line's own type are its; the others are left from earlier lines.
 class LineObserver {
   public:
     // A line before the first m= line.
@@ -141,6 +144,23 @@ class Description {
         const size_t colon = text.find(':');
         name = text.substr(0, colon);
         value = colon == std::string_view::npos ? std::string_view() : text.substr(colon + 1);
+    }
+
+    // Whether text, the value of an a= line, names the attribute name ("rtpmap" for
+    // "rtpmap:97 AMR/8000"), and then its value as splitAttribute gives it. A name of a length
+    // known when compiling is compared in a word or two.
+    template <size_t N>
+    static bool isAttribute(std::string_view text, const char (&name)[N], std::string_view& value) {
+        const size_t size = N - 1;
+        if (text.size() < size || std::memcmp(text.data(), name, size) != 0) {
+            return false;
+        }
+        if (text.size() == size) {
+            value = std::string_view();
+            return true;
+        }
+        value = text.substr(size + 1);
+        return text[size] == ':';
     }
 
     static bool parseMedia(const Line& line, MediaSection& media);

@@ -11,7 +11,10 @@
 #include "amr/AmrFmtp.h"
 #include "syntax/SessionDescription.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -29,19 +32,38 @@ class LineWriter {
     ~LineWriter();
 
     LineWriter& text(std::string_view text) {
-        if (mSize + text.size() > mOut.size()) {
-            grow(text.size());
-        }
-        text.copy(&mOut[mSize], text.size());
-        mSize += text.size();
+        mAt += text.copy(room(text.size()), text.size());
         return *this;
     }
-    LineWriter& number(uint64_t number);
-    LineWriter& integer(int64_t number);
+    // The first size bytes of bytes. All of them are copied, a copy of a size known here, without
+    // a call; those past size are written over next.
+    template <size_t N>
+    LineWriter& firstBytes(const std::array<char, N>& bytes, size_t size) {
+        char* const at = room(N);
+        std::memcpy(at, bytes.data(), N);
+        mAt = at + size;
+        return *this;
+    }
+    // Most numbers written are one digit (AMR modes): those without a call.
+    LineWriter& number(uint64_t number) {
+        if (number >= 10) {
+            return longNumber(number);
+        }
+        *room(1) = static_cast<char>('0' + number);
+        ++mAt;
+        return *this;
+    }
+    LineWriter& integer(int64_t number) {
+        if (number < 0) {
+            text("-");
+        }
+        return this->number(number < 0 ? 0 - static_cast<uint64_t>(number)
+                                       : static_cast<uint64_t>(number));
+    }
     // Untrusted text, quoted as refusals quote it.
     LineWriter& token(std::string_view token);
     // CRLF.
-    void end();
+    void end() { text("\r\n"); }
 
     // v=0, o=, s=-, c= and t= of a body sent from address: the t= lines of times, each as
     // t=<start> <stop>; t=0 0 without times or when it has none.
@@ -50,7 +72,8 @@ class LineWriter {
     void audioMediaStart(int port, RtpProfile profile);
     // IP6 when address holds a colon, else IP4.
     void connection(std::string_view address);
-    void bandwidth(const char* modifier, unsigned int value);
+    // The b=AS, b=RS and b=RR lines.
+    void bandwidths(unsigned int as, unsigned int rs, unsigned int rr);
     // AMR/8000/1, AMR-WB/16000/1, telephone-event/8000 or telephone-event/16000.
     void rtpmap(int payloadType, CodecId codec, BandType band);
     // "a=fmtp:<pt> ", without the parameters and the line end.
@@ -64,11 +87,20 @@ class LineWriter {
     void direction(StreamConfig::Direction direction);
 
   private:
+    // Where the next size bytes go.
+    char* room(size_t size) {
+        if (size > static_cast<size_t>(mEnd - mAt)) {
+            grow(size);
+        }
+        return mAt;
+    }
     void grow(size_t more);
+    LineWriter& longNumber(uint64_t number);
 
     std::string& mOut;
-    // What is written so far; the rest of mOut is room.
-    size_t mSize;
+    // Where the next byte goes, and the end of the room, both inside mOut.
+    char* mAt;
+    char* mEnd;
 };
 
 // What a body written for sending starts from: room for a whole answer to a usual offer.

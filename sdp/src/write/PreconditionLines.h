@@ -2,8 +2,7 @@
 #ifndef VELMORA_RUNE_SDP_SRC_WRITE_PRECONDITION_LINES_H
 #define VELMORA_RUNE_SDP_SRC_WRITE_PRECONDITION_LINES_H
 
-#include <velmora/rune/sdp/Session.h>
-
+#include "read/PreconditionRows.h"
 #include "write/LineWriter.h"
 
 namespace velmora {
@@ -11,9 +10,9 @@ namespace rune {
 namespace sdp {
 
 // "a=des:qos mandatory local sendrecv", without the line end.
-void writePreconditionRow(LineWriter& writer, const Preconditions::Row& row);
+void writePreconditionRow(LineWriter& writer, const PreconditionRow& row);
 // One line per row, in the order the rows are kept.
-void writePreconditions(LineWriter& writer, const Preconditions& preconditions);
+void writePreconditions(LineWriter& writer, const PreconditionRows& rows);
 
 }  // namespace sdp
 }  // namespace rune

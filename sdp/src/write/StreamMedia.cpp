@@ -11,40 +11,39 @@ namespace sdp {
 
 namespace {
 
-// The downlink codecs, or the uplink codecs when there are none.
+// The downlink codecs, or the uplink codecs when there are none. The count is read once: the
+// model's lists answer through calls.
 struct ListedCodecs {
     explicit ListedCodecs(const StreamConfig& stream)
-        : stream(stream), downlink(stream.getDownlinkCodecCount() > 0) {}
+        : stream(stream),
+          downlink(stream.getDownlinkCodecCount() > 0),
+          count(downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount()) {}
 
-    unsigned int count() const {
-        return downlink ? stream.getDownlinkCodecCount() : stream.getUplinkCodecCount();
-    }
     const CodecConfig& operator[](unsigned int i) const {
         return *(downlink ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i));
     }
 
     const StreamConfig& stream;
     const bool downlink;
+    const unsigned int count;
 };
 
 }  // namespace
 
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
                       int localPort, const AmrFmtpText* amrFmtp, EventsFmtp events,
-                      const Preconditions* preconditions) {
+                      const PreconditionRows* preconditions) {
     const ListedCodecs codecs(stream);
     const RtcpConfig& rtcp = stream.getRtcpConfig();
     const bool rtcpOn = stream.isRtcpEnabled();
     writer.audioMediaStart(localPort, stream.getRtpProfile());
-    for (unsigned int i = 0; i < codecs.count(); ++i) {
+    for (unsigned int i = 0; i < codecs.count; ++i) {
         writer.text(" ").integer(codecs[i].getPayloadType());
     }
     writer.end();
     writer.connection(localIp);
-    writer.bandwidth("AS", rtcp.getAs());
-    writer.bandwidth("RS", rtcpOn ? rtcp.getRs() : 0);
-    writer.bandwidth("RR", rtcpOn ? rtcp.getRr() : 0);
-    for (unsigned int i = 0; i < codecs.count(); ++i) {
+    writer.bandwidths(rtcp.getAs(), rtcpOn ? rtcp.getRs() : 0, rtcpOn ? rtcp.getRr() : 0);
+    for (unsigned int i = 0; i < codecs.count; ++i) {
         const CodecConfig& codec = codecs[i];
         writer.rtpmap(codec.getPayloadType(), codec.getCodecId(), codec.getBandType());
         if (codec.getCodecId() == CodecIdAmr) {
@@ -56,8 +55,9 @@ void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::strin
             writer.eventsFmtp(codec.getPayloadType());
         }
     }
-    if (codecs.count() > 0) {
-        writer.packetTimes(codecs[0].getPacketTime(), codecs[0].getMaxPacketTime());
+    if (codecs.count > 0) {
+        const CodecConfig& first = codecs[0];
+        writer.packetTimes(first.getPacketTime(), first.getMaxPacketTime());
     }
     if (preconditions != nullptr) {
         writePreconditions(writer, *preconditions);

@@ -3,9 +3,9 @@
 #define VELMORA_RUNE_SDP_SRC_WRITE_STREAM_MEDIA_H
 
 #include <velmora/rune/StreamConfig.h>
-#include <velmora/rune/sdp/Session.h>
 
 #include "amr/AmrFmtp.h"
+#include "read/PreconditionRows.h"
 #include "write/LineWriter.h"
 
 #include <string_view>
@@ -23,7 +23,7 @@ enum class EventsFmtp { Left, Offered };
 void writeStreamMedia(LineWriter& writer, const StreamConfig& stream, std::string_view localIp,
                       int localPort, const AmrFmtpText* amrFmtp,
                       EventsFmtp events = EventsFmtp::Left,
-                      const Preconditions* preconditions = nullptr);
+                      const PreconditionRows* preconditions = nullptr);
 
 }  // namespace sdp
 }  // namespace rune
